@@ -1,0 +1,25 @@
+# Compiler settings shared by every target of the project.
+
+add_library(qelcore_warnings INTERFACE)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(qelcore_warnings INTERFACE -Wall -Wextra)
+  if(QELCORE_WERROR)
+    target_compile_options(qelcore_warnings INTERFACE -Werror)
+  endif()
+endif()
+
+if(QELCORE_SANITIZE)
+  add_compile_options(-fsanitize=${QELCORE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${QELCORE_SANITIZE})
+endif()
+
+if(MINGW)
+  # Windows binaries must start under wine (and on a bare Windows) without the
+  # compiler's runtime DLLs beside them.
+  add_link_options(-static-libgcc -static-libstdc++ -Wl,-Bstatic,--whole-archive -lwinpthread -Wl,--no-whole-archive,-Bdynamic)
+endif()
+
+# Everything built from this tree runs from the build directory without installing.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
