@@ -42,6 +42,9 @@ public:
 
   // A new default-constructed object of the same class, owned by the caller.
   virtual cAbstractException* createObject() const = 0;
+  // A full copy of the same class, owned by the caller (copies of causes are
+  // made through it, so derived data survives link() and copying).
+  virtual cAbstractException* clone() const = 0;
   // The class identifier, e.g. "cBugException".
   virtual cAsciiString typeName() const = 0;
   virtual const qucs::cLIMessage* liMessage() const;
