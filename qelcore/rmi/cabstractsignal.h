@@ -18,12 +18,12 @@ class cPublicSignal;
 class QEL_EXPORT cAbstractSignal {
 public:
   // What an emission finds when nothing is connected.
-  enum InvocationBehavior {
+  enum InvocationBehavior : unsigned int {
     eMustBeConnected = 0,  // throw cUnconnectedSignalException
     eMayBeUnconnected = 1  // any nonzero value: return a default result
   };
   // The side of an interface a published signal belongs to.
-  enum InterfaceType { eProvidedInterface = 0, eRequiredInterface = 1 };
+  enum InterfaceType : unsigned int { eProvidedInterface = 0, eRequiredInterface = 1 };
 
   cAbstractSignal();
   cAbstractSignal(const cAbstractSignal&) = delete;
