@@ -1,0 +1,187 @@
+#include "qelcore/std/cabstractexception.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <utility>
+
+#include "qelcore/pi/cabstractout.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/ucs/clilocale.h"
+#include "qelcore/ucs/climessage.h"
+#include "qelcore/ucs/cstring.h"
+
+namespace qstd {
+
+namespace {
+
+void copyBounded(char* dest, const char* src, unsigned int size) {
+  std::memset(dest, 0, size);
+  if (!src) return;
+  for (unsigned int i = 0; i + 1 < size && src[i]; ++i) dest[i] = src[i];
+}
+
+// "ME=dump": show every exception where it is raised, caught or not.
+bool dumpOnConstruction() {
+  const char* me = std::getenv("ME");
+  return me && std::strcmp(me, "dump") == 0;
+}
+
+}  // namespace
+
+cAbstractException::cAbstractException(const char* text, Type type, const char* file, unsigned int line)
+    : miLine(line), meType(type), mpHistory(nullptr), mbOutOfMemory(false), miBacktraceSize(0) {
+  copyBounded(mszFileName, file, FileNameSize);
+  copyBounded(mszText, text, TextSize);
+  std::memset(maBacktrace, 0, sizeof maBacktrace);
+  miBacktraceSize = qpi::cAbstractOut::captureBacktrace(maBacktrace, BacktraceSize, 1);
+  if (dumpOnConstruction()) {
+    qpi::cAbstractOut& out = qpi::cAbstractOut::current();
+    const char* where = file ? file : "unknown";
+    if (out.enabled(qpi::cAbstractOut::LevelWarning, where)) {
+      std::string header("Exception constructed (");
+      header += mszText;
+      header += "):";
+      out.writeStackTrace(qpi::cAbstractOut::LevelWarning, header.c_str(), where, line);
+    }
+  }
+}
+
+cAbstractException::cAbstractException(const cAbstractException& other)
+    : std::exception(other), mpHistory(nullptr) {
+  copyBase(other);
+}
+
+cAbstractException& cAbstractException::operator=(const cAbstractException& other) {
+  if (this != &other) copyBase(other);
+  return *this;
+}
+
+cAbstractException::~cAbstractException() { delete mpHistory; }
+
+void cAbstractException::copyBase(const cAbstractException& other) {
+  // Copy the chain first: if that throws, this object is unchanged.
+  cAbstractException* history = other.mpHistory ? other.mpHistory->clone() : nullptr;
+  std::memcpy(mszFileName, other.mszFileName, FileNameSize);
+  miLine = other.miLine;
+  std::memcpy(mszText, other.mszText, TextSize);
+  meType = other.meType;
+  delete mpHistory;
+  mpHistory = history;
+  mbOutOfMemory = other.mbOutOfMemory;
+  miBacktraceSize = other.miBacktraceSize;
+  std::memcpy(maBacktrace, other.maBacktrace, sizeof maBacktrace);
+}
+
+void cAbstractException::swapBase(cAbstractException& other) {
+  char file[FileNameSize];
+  std::memcpy(file, mszFileName, FileNameSize);
+  std::memcpy(mszFileName, other.mszFileName, FileNameSize);
+  std::memcpy(other.mszFileName, file, FileNameSize);
+  char text[TextSize];
+  std::memcpy(text, mszText, TextSize);
+  std::memcpy(mszText, other.mszText, TextSize);
+  std::memcpy(other.mszText, text, TextSize);
+  std::swap(miLine, other.miLine);
+  std::swap(meType, other.meType);
+  std::swap(mpHistory, other.mpHistory);
+  std::swap(mbOutOfMemory, other.mbOutOfMemory);
+  std::swap(miBacktraceSize, other.miBacktraceSize);
+  for (unsigned int i = 0; i < BacktraceSize; ++i) std::swap(maBacktrace[i], other.maBacktrace[i]);
+}
+
+const qucs::cLIMessage* cAbstractException::liMessage() const { return nullptr; }
+const qucs::cString* cAbstractException::dialog() const { return nullptr; }
+bool cAbstractException::isRemote() const { return remoteLocation() != nullptr; }
+const qcs::cComponentLocation* cAbstractException::remoteLocation() const { return nullptr; }
+bool cAbstractException::outOfMemoryCondition() const { return mbOutOfMemory; }
+const char* cAbstractException::what() const noexcept { return mszText; }
+
+void cAbstractException::dump() const {
+  qpi::cAbstractOut& out = qpi::cAbstractOut::current();
+  for (const cAbstractException* e = this; e; e = e->mpHistory) {
+    const char* file = e->mszFileName[0] ? e->mszFileName : "unknown";
+    if (!out.enabled(qpi::cAbstractOut::LevelError, file)) continue;
+    std::string entry(e->typeName().c_str());
+    entry += e->meType == TypeBug ? " (bug)" : " (runtime)";
+    const qucs::cLIMessage* msg = e->liMessage();
+    if (msg) {
+      cAsciiString text;
+      msg->untranslated(text);
+      entry += ": ";
+      entry += text.c_str();
+    } else {
+      entry += " --- no message ---";
+    }
+    out.write(qpi::cAbstractOut::LevelError, entry.c_str(), file, e->miLine);
+  }
+}
+
+void cAbstractException::link(const cAbstractException& cause) {
+  link(cause.clone());
+}
+
+void cAbstractException::link(cAbstractException* cause) {
+  if (!cause) return;
+  cAbstractException* last = this;
+  while (last->mpHistory) last = last->mpHistory;
+  last->mpHistory = cause;
+}
+
+const cAbstractException* cAbstractException::has(const cAsciiString& typeName) const {
+  return has(typeName.c_str());
+}
+
+const cAbstractException* cAbstractException::has(const char* typeName) const {
+  if (!typeName) return nullptr;
+  for (const cAbstractException* e = this; e; e = e->mpHistory)
+    if (std::strcmp(e->typeName().c_str(), typeName) == 0) return e;
+  return nullptr;
+}
+
+bool cAbstractException::hasOutOfMemoryCondition() const {
+  for (const cAbstractException* e = this; e; e = e->mpHistory)
+    if (e->outOfMemoryCondition()) return true;
+  return false;
+}
+
+qucs::cLIMessage cAbstractException::toMessage() const {
+  if (hasOutOfMemoryCondition()) return qucs::cLIMessage("$QTR$Out of memory!");
+  if (const qucs::cLIMessage* msg = liMessage()) return *msg;
+  qucs::cLIMessage msg("$QTR$%s%");
+  msg << what();
+  return msg;
+}
+
+void cAbstractException::createMessage(const cAbstractException& e, qucs::cString& out, unsigned int /*flags*/,
+                                       const qucs::cLILocale* locale) {
+  const qucs::cLIMessage* msg = e.liMessage();
+  if (!msg) {
+    out.appendC(e.what());
+    return;
+  }
+  qucs::cString text;
+  if (locale)
+    locale->translate(*msg, text);
+  else
+    msg->untranslated(text);
+  out.addString(text);
+}
+
+void cAbstractException::createMessage(qucs::cString& out, const qucs::cString& separator, unsigned int flags,
+                                       const qucs::cLILocale* locale) const {
+  qucs::cString result;
+  createMessage(*this, result, flags, locale);
+  if (flags & MessageWithHistory) {
+    unsigned int depth = 1;
+    for (const cAbstractException* e = mpHistory; e; e = e->mpHistory, ++depth) {
+      result.addString(separator);
+      if (flags & MessageIndentHistory)
+        for (unsigned int i = 0; i < depth; ++i) result.append(static_cast<unsigned int>(' '));
+      createMessage(*e, result, flags, locale);
+    }
+  }
+  out.swap(result);
+}
+
+}  // namespace qstd

@@ -1,0 +1,109 @@
+// The polymorphic base of every exception of the system.
+//
+// An exception carries a localizable message (in the concrete classes), its
+// kind, the raising source file and line, a back trace captured at
+// construction and an optional chain of causes. Texts are kept in fixed
+// buffers so that constructing one needs no allocation beyond the message.
+#ifndef QELCORE_STD_CABSTRACTEXCEPTION_H
+#define QELCORE_STD_CABSTRACTEXCEPTION_H
+
+#include <cstdint>
+#include <exception>
+
+#include "qelcore/qelexport.h"
+
+namespace qucs {
+class cString;
+class cLIMessage;
+class cLILocale;
+}  // namespace qucs
+
+namespace qcs {
+class cComponentLocation;
+}
+
+namespace qstd {
+
+class cAsciiString;
+
+class QEL_EXPORT cAbstractException : public std::exception {
+public:
+  enum Type { TypeBug = 0, TypeRuntime = 1 };
+  // Flags of createMessage: render the whole chain, indent causes by depth.
+  enum MessageFlags { MessageWithHistory = 0x1, MessageIndentHistory = 0x4 };
+  static constexpr unsigned int FileNameSize = 61;
+  static constexpr unsigned int TextSize = 256;
+  static constexpr unsigned int BacktraceSize = 64;
+
+  cAbstractException(const char* text, Type type, const char* file, unsigned int line);
+  cAbstractException(const cAbstractException& other);
+  cAbstractException& operator=(const cAbstractException& other);
+  ~cAbstractException() override;
+
+  // A new default-constructed object of the same class, owned by the caller.
+  virtual cAbstractException* createObject() const = 0;
+  // A full copy of the same class, owned by the caller (copies of causes are
+  // made through it, so derived data survives link() and copying).
+  virtual cAbstractException* clone() const = 0;
+  // The class identifier, e.g. "cBugException".
+  virtual cAsciiString typeName() const = 0;
+  virtual const qucs::cLIMessage* liMessage() const;
+  virtual const qucs::cString* dialog() const;
+  virtual bool isRemote() const;
+  virtual const qcs::cComponentLocation* remoteLocation() const;
+  // Writes the chain to the debug output, one entry per exception.
+  virtual void dump() const;
+  virtual bool outOfMemoryCondition() const;
+
+  // The short plain text ("bug", "runtime", ...).
+  const char* what() const noexcept override;
+  const char* sourceFileName() const { return mszFileName; }
+  unsigned int sourceFileLine() const { return miLine; }
+  Type type() const { return meType; }
+  // Return addresses captured at construction, innermost first.
+  const std::uintptr_t* backtrace() const { return maBacktrace; }
+  unsigned int backtraceSize() const { return miBacktraceSize; }
+
+  // Appends a copy of `cause` at the end of the chain of causes.
+  void link(const cAbstractException& cause);
+  const cAbstractException* history() const { return mpHistory; }
+  // The first exception of the chain (this one included) of that type, or null.
+  const cAbstractException* has(const cAsciiString& typeName) const;
+  const cAbstractException* has(const char* typeName) const;
+  bool hasOutOfMemoryCondition() const;
+
+  // The exception as one message ("Out of memory!" when flagged).
+  qucs::cLIMessage toMessage() const;
+  // Clears `out` and renders this exception and, with MessageWithHistory, its
+  // causes, each preceded by `separator` (and its depth in blanks with
+  // MessageIndentHistory). With a locale the messages are translated.
+  void createMessage(qucs::cString& out, const qucs::cString& separator, unsigned int flags,
+                     const qucs::cLILocale* locale) const;
+  // Appends the rendered text of one exception (no causes).
+  static void createMessage(const cAbstractException& e, qucs::cString& out, unsigned int flags,
+                            const qucs::cLILocale* locale);
+
+protected:
+  // Exchanges everything the base holds (used by the classes' swap).
+  void swapBase(cAbstractException& other);
+  void setOutOfMemoryCondition(bool on) { mbOutOfMemory = on; }
+
+private:
+  friend class cSTDExceptions;
+  // Takes ownership of `cause` and attaches it after the last cause.
+  void link(cAbstractException* cause);
+  void copyBase(const cAbstractException& other);
+
+  char mszFileName[FileNameSize];
+  unsigned int miLine;
+  char mszText[TextSize];
+  Type meType;
+  cAbstractException* mpHistory;
+  bool mbOutOfMemory;
+  unsigned int miBacktraceSize;
+  std::uintptr_t maBacktrace[BacktraceSize];
+};
+
+}  // namespace qstd
+
+#endif

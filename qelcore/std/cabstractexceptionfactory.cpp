@@ -1,0 +1,7 @@
+#include "qelcore/std/cabstractexceptionfactory.h"
+
+namespace qstd {
+
+cAbstractExceptionFactory::~cAbstractExceptionFactory() {}
+
+}  // namespace qstd

@@ -1,0 +1,40 @@
+// Malformed text in a file or stream of a named format.
+#ifndef QELCORE_STD_CTEXTPARSEEXCEPTION_H
+#define QELCORE_STD_CTEXTPARSEEXCEPTION_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/ucs/cstring.h"
+
+namespace qstd {
+
+class QEL_EXPORT cTextParseException : public cRuntimeException {
+public:
+  cTextParseException();
+  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, unsigned int row, unsigned int column);
+  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, const qucs::cString& file, unsigned int row, unsigned int column);
+  cTextParseException(const cTextParseException& other);
+  cTextParseException& operator=(const cTextParseException& other);
+  ~cTextParseException() override;
+  void swap(cTextParseException& other);
+
+  cAbstractException* createObject() const override;
+  cAbstractException* clone() const override;
+  cAsciiString typeName() const override;
+
+  const cAsciiString& format() const { return mFormat; }
+  const qucs::cString& fileName() const { return mFileName; }
+  unsigned int row() const { return miRow; }
+  unsigned int column() const { return miColumn; }
+
+private:
+  cAsciiString mFormat;
+  qucs::cString mFileName;
+  unsigned int miRow;
+  unsigned int miColumn;
+};
+
+}  // namespace qstd
+
+#endif

@@ -1,0 +1,599 @@
+// The growable, exclusively owned element buffer under every string and byte
+// buffer of the library.
+//
+// The pool grows in sectors of 2^growStep elements (default 32), never by
+// doubling: callers that build big buffers raise the grow step first.
+// Shrinking operations give memory back unless fit-on-erase is switched off.
+// Elements must be trivially copyable; they are moved as plain memory.
+#ifndef QELCORE_STD_TARRAY_H
+#define QELCORE_STD_TARRAY_H
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <new>
+#include <type_traits>
+
+#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/std/tabstractarrayproxy.h"
+#include "qelcore/std/tarrayasciistringtraits.h"
+#include "qelcore/std/tarraybyteleveltraits.h"
+#include "qelcore/std/tarrayops.h"
+
+#if defined(__GNUC__)
+#define QELCORE_STD_TARRAY_NOINLINE __attribute__((noinline))
+#else
+#define QELCORE_STD_TARRAY_NOINLINE
+#endif
+
+namespace qstd {
+
+template <typename T, typename Traits = tArrayByteLevelTraits<T>>
+class tArray : public tAbstractArrayProxy<T> {
+  static_assert(std::is_trivially_copyable<T>::value, "tArray moves its elements as plain memory");
+
+public:
+  typedef T ElementType;
+  typedef Traits TraitsType;
+
+  static constexpr unsigned int DefaultGrowStep = 5;
+
+  tArray() : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+    resizePool(0, false);
+  }
+  // `n` elements of unspecified content.
+  explicit tArray(unsigned int n)
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+    resizePool(n, false);
+  }
+  // Copies a run terminated by a zero element.
+  tArray(const T* pFrom) : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+    QEL_ASSERT(pFrom != 0, "std/tarray");
+    initFrom(pFrom, arrayops::terminatedLength(pFrom));
+  }
+  tArray(const T* pFrom, unsigned int n)
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+    if (n > 0) {
+      QEL_ASSERT(pFrom != 0, "std/tarray");
+    }
+    initFrom(pFrom, n);
+  }
+  tArray(const tArray& other)
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(other.miGrowStep), miSize(0), mbFitOnErase(other.mbFitOnErase) {
+    initFrom(other.mpPool, other.miSize);
+  }
+  // Takes the pool over; `other` is left empty without a pool.
+  tArray(tArray&& other) noexcept
+      : mpPool(other.mpPool),
+        miPoolSize(other.miPoolSize),
+        miGrowStep(other.miGrowStep),
+        miSize(other.miSize),
+        mbFitOnErase(other.mbFitOnErase) {
+    other.mpPool = nullptr;
+    other.miPoolSize = 0;
+    other.miSize = 0;
+  }
+  ~tArray() override { std::free(mpPool); }
+
+  tArray& operator=(const tArray& other) {
+    if (this != &other) {
+      tArray copy(other);
+      swap(copy);
+    }
+    return *this;
+  }
+  tArray& operator=(tArray&& other) noexcept {
+    if (this != &other) {
+      tArray taken(static_cast<tArray&&>(other));
+      swap(taken);
+    }
+    return *this;
+  }
+
+  void swap(tArray& other) noexcept {
+    T* p = mpPool;
+    mpPool = other.mpPool;
+    other.mpPool = p;
+    unsigned int u = miPoolSize;
+    miPoolSize = other.miPoolSize;
+    other.miPoolSize = u;
+    u = miGrowStep;
+    miGrowStep = other.miGrowStep;
+    other.miGrowStep = u;
+    u = miSize;
+    miSize = other.miSize;
+    other.miSize = u;
+    const bool b = mbFitOnErase;
+    mbFitOnErase = other.mbFitOnErase;
+    other.mbFitOnErase = b;
+  }
+
+  // Size 0 with a fitting pool (a string keeps one slot), whatever the
+  // fit-on-erase flag says. Does nothing on an empty array.
+  void clear() {
+    if (miSize != 0) {
+      resizePool(0, true);
+    }
+  }
+
+  unsigned int size() const { return miSize; }
+  unsigned int length() const { return miSize; }
+  bool empty() const { return miSize == 0; }
+  unsigned int _poolSize() const { return miPoolSize; }
+
+  unsigned int growStep() const { return miGrowStep; }
+  void setGrowStep(unsigned int step) { miGrowStep = step; }
+  bool fitOnErase() const { return mbFitOnErase; }
+  void setFitOnErase(bool fit) { mbFitOnErase = fit; }
+  // Cuts the pool to exactly the current size.
+  void optimizeMemory() { resizePool(miSize, true); }
+
+  const T& at(unsigned int index) const {
+    arrayops::checkIndex("tArray", "at", index, miSize);
+    return mpPool[index];
+  }
+  T& at(unsigned int index) {
+    arrayops::checkIndex("tArray", "at", index, miSize);
+    return mpPool[index];
+  }
+  // Unchecked.
+  const T& operator[](unsigned int index) const { return mpPool[index]; }
+  T& operator[](unsigned int index) { return mpPool[index]; }
+
+  // The pool; without `allowNull` a missing pool is an assertion failure.
+  const T* data(bool allowNull = false) const {
+    if (!allowNull) {
+      QEL_ASSERT(mpPool != 0, "std/tarray");
+    }
+    return mpPool;
+  }
+  T* data(bool allowNull = false) {
+    if (!allowNull) {
+      QEL_ASSERT(mpPool != 0, "std/tarray");
+    }
+    return mpPool;
+  }
+  const T* data(unsigned int index, unsigned int count, bool allowNull = false) const {
+    arrayops::checkRange("tArray", "data", index, count, miSize);
+    return data(allowNull) == nullptr ? nullptr : mpPool + index;
+  }
+  T* data(unsigned int index, unsigned int count, bool allowNull = false) {
+    arrayops::checkRange("tArray", "data", index, count, miSize);
+    return data(allowNull) == nullptr ? nullptr : mpPool + index;
+  }
+
+  const T* begin() const { return mpPool; }
+  const T* end() const { return mpPool + miSize; }
+  T* begin() { return mpPool; }
+  T* end() { return mpPool + miSize; }
+
+  // Replaces the whole content.
+  void setData(const T* pFrom, unsigned int n) {
+    if (n > 0) {
+      QEL_ASSERT(pFrom != 0, "std/tarray");
+    }
+    if (n > 0 && insidePool(pFrom)) {
+      tArray copy(pFrom, n);
+      setData(copy.mpPool, n);
+      return;
+    }
+    resizePool(n, mbFitOnErase);
+    copyElements(mpPool, pFrom, n);
+  }
+  // Elements beyond the old size are unspecified.
+  void setSize(unsigned int n) { resizePool(n, mbFitOnErase); }
+
+  // Returns the index of the new element.
+  unsigned int append(const T& value) {
+    const unsigned int at = miSize;
+    if (miPoolSize > at) {
+      mpPool[at] = value;
+      miSize = at + 1;
+      if (Traits::Terminated) {
+        mpPool[at + 1] = T();
+      }
+      return at;
+    }
+    return appendSlow(value);
+  }
+  unsigned int append(const T* pFrom) {
+    QEL_ASSERT(pFrom != 0, "std/tarray");
+    return append(pFrom, arrayops::terminatedLength(pFrom));
+  }
+  unsigned int append(const T* pFrom, unsigned int n) {
+    const unsigned int at = miSize;
+    if (n == 0) {
+      return at;
+    }
+    if (miPoolSize >= at + n && at + n > at) {
+      std::memcpy(mpPool + at, pFrom, static_cast<std::size_t>(n) * sizeof(T));
+      miSize = at + n;
+      if (Traits::Terminated) {
+        mpPool[at + n] = T();
+      }
+      return at;
+    }
+    return appendSlow(pFrom, n);
+  }
+  // Grows by `n` elements of unspecified content; returns the old size.
+  unsigned int appendElements(unsigned int n) {
+    const unsigned int at = miSize;
+    arrayops::checkGrowth("tArray", "appendElements", at, n);
+    if (miPoolSize >= at + n) {
+      miSize = at + n;
+      if (Traits::Terminated) {
+        mpPool[at + n] = T();
+      }
+    } else {
+      resizePool(at + n, false);
+    }
+    return at;
+  }
+  unsigned int appendElements(unsigned int n, const T& fillValue) {
+    const T value = fillValue;
+    const unsigned int at = appendElements(n);
+    fillElements(mpPool + at, value, n);
+    return at;
+  }
+
+  // `at` may equal size (then it appends).
+  void insert(unsigned int at, const T& value) {
+    const T copy = value;
+    insert(at, &copy, 1);
+  }
+  void insert(unsigned int at, const T* pFrom) {
+    QEL_ASSERT(pFrom != 0, "std/tarray");
+    insert(at, pFrom, arrayops::terminatedLength(pFrom));
+  }
+  void insert(unsigned int at, const T* pFrom, unsigned int n) {
+    arrayops::checkPosition("tArray", "insert", at, miSize);
+    arrayops::checkGrowth("tArray", "insert", miSize, n);
+    if (n == 0) {
+      return;
+    }
+    if (insidePool(pFrom)) {
+      tArray copy(pFrom, n);
+      insert(at, copy.mpPool, n);
+      return;
+    }
+    openGap(at, n);
+    copyElements(mpPool + at, pFrom, n);
+  }
+
+  // Removes `count` elements from `index` on.
+  void erase(unsigned int index, unsigned int count) {
+    arrayops::checkRange("tArray", "erase", index, count, miSize);
+    if (count == 0) {
+      return;
+    }
+    std::memmove(mpPool + index, mpPool + index + count, static_cast<std::size_t>(miSize - index - count) * sizeof(T));
+    resizePool(miSize - count, mbFitOnErase);
+  }
+  // Removes the LAST `n` elements.
+  void erase(unsigned int n) {
+    arrayops::checkTail("tArray", "erase", n, miSize);
+    if (n == 0) {
+      return;
+    }
+    resizePool(miSize - n, mbFitOnErase);
+  }
+  // Size becomes `n` (not larger than the size).
+  void truncate(unsigned int n) {
+    arrayops::checkPosition("tArray", "truncate", n, miSize);
+    resizePool(n, mbFitOnErase);
+  }
+
+  void fill(const T& value) { fillElements(mpPool, value, miSize); }
+  void fill(unsigned int index, const T& value, unsigned int count) {
+    arrayops::checkRange("tArray", "fill", index, count, miSize);
+    fillElements(mpPool + index, value, count);
+  }
+
+  // A new array holding a copy of the range.
+  tArray cut(unsigned int index, unsigned int count) const {
+    arrayops::checkRange("tArray", "cut", index, count, miSize);
+    tArray part;
+    part.miGrowStep = miGrowStep;
+    part.mbFitOnErase = mbFitOnErase;
+    part.setData(mpPool + index, count);
+    return part;
+  }
+
+  // Searches [start, start + count); a count of 0 or one reaching past the end
+  // means "to the end". Returns the index in the whole array, or the size
+  // when nothing is found.
+  unsigned int find(const T& value, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    const T copy = value;
+    return find(&copy, 1, found, start, count);
+  }
+  unsigned int find(const T* what, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    QEL_ASSERT(what != 0, "std/tarray");
+    return find(what, arrayops::terminatedLength(what), found, start, count);
+  }
+  unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    arrayops::checkRange("tArray", "find", start, 0, miSize);
+    const unsigned int end = arrayops::searchEnd(start, count, miSize);
+    const unsigned int at = arrayops::search(mpPool, start, end, what, n);
+    found = at < end || (n == 0 && at == start);
+    return found ? at : miSize;
+  }
+
+  bool contains(const T& value) const {
+    bool found = false;
+    find(value, found);
+    return found;
+  }
+  bool contains(const T* what) const {
+    bool found = false;
+    find(what, found);
+    return found;
+  }
+  bool contains(const T* what, unsigned int n) const {
+    bool found = false;
+    find(what, n, found);
+    return found;
+  }
+  bool beginsWith(const T* what) const {
+    QEL_ASSERT(what != 0, "std/tarray");
+    return beginsWith(what, arrayops::terminatedLength(what));
+  }
+  bool beginsWith(const T* what, unsigned int n) const {
+    return n <= miSize && arrayops::sameElements(mpPool, what, n);
+  }
+  bool endsWith(const T* what) const {
+    QEL_ASSERT(what != 0, "std/tarray");
+    return endsWith(what, arrayops::terminatedLength(what));
+  }
+  bool endsWith(const T* what, unsigned int n) const {
+    return n <= miSize && arrayops::sameElements(mpPool + (miSize - n), what, n);
+  }
+
+  // Replaces every occurrence from `start` on; returns how many.
+  unsigned int replace(const T& a, const T& b, unsigned int start = 0) {
+    arrayops::checkRange("tArray", "replace", start, 0, miSize);
+    const T from = a;
+    const T to = b;
+    unsigned int replaced = 0;
+    for (unsigned int i = start; i < miSize; ++i) {
+      if (mpPool[i] == from) {
+        mpPool[i] = to;
+        ++replaced;
+      }
+    }
+    return replaced;
+  }
+  unsigned int replace(const T* a, const T* b, unsigned int start = 0) {
+    if (miSize == 0) {
+      return 0;
+    }
+    QEL_ASSERT((a != 0) && (b != 0), "std/tarray");
+    return replace(a, arrayops::terminatedLength(a), b, arrayops::terminatedLength(b), start);
+  }
+  unsigned int replace(const T* a, unsigned int na, const T* b, unsigned int nb, unsigned int start = 0) {
+    arrayops::checkRange("tArray", "replace", start, 0, miSize);
+    if (na == 0) {
+      return 0;
+    }
+    unsigned int at = arrayops::search(mpPool, start, miSize, a, na);
+    if (at == miSize) {
+      return 0;
+    }
+    // Built aside, so that a failure (or a pattern inside this array) leaves
+    // the content intact.
+    tArray result;
+    result.miGrowStep = miGrowStep;
+    result.mbFitOnErase = mbFitOnErase;
+    unsigned int replaced = 0;
+    unsigned int from = 0;
+    while (at != miSize) {
+      result.append(mpPool + from, at - from);
+      result.append(b, nb);
+      ++replaced;
+      from = at + na;
+      at = arrayops::search(mpPool, from, miSize, a, na);
+    }
+    result.append(mpPool + from, miSize - from);
+    if (result.miSize == 0) {
+      result.resizePool(0, mbFitOnErase);
+    }
+    swap(result);
+    return replaced;
+  }
+
+  // Three-way comparison: an array that never had a pool is "less" than any
+  // non-null pointer, even of length 0.
+  int relation(const tArray& other) const { return relation(other.mpPool, other.miSize); }
+  int relation(const T* p, unsigned int n) const {
+    return arrayops::relation(mpPool != nullptr, mpPool, miSize, p, n);
+  }
+  bool isEqual(const T* p, unsigned int n) const { return n == miSize && arrayops::sameElements(mpPool, p, n); }
+  // Whether the elements from `start` on begin with p[0, n).
+  bool isEqual(const T* p, unsigned int n, unsigned int start) const {
+    return start <= miSize && n <= miSize - start && arrayops::sameElements(mpPool + start, p, n);
+  }
+
+  bool operator==(const tArray& other) const { return relation(other) == 0; }
+  bool operator!=(const tArray& other) const { return relation(other) != 0; }
+  bool operator<(const tArray& other) const { return relation(other) < 0; }
+  bool operator<=(const tArray& other) const { return relation(other) <= 0; }
+  bool operator>(const tArray& other) const { return relation(other) > 0; }
+  bool operator>=(const tArray& other) const { return relation(other) >= 0; }
+  bool operator==(const T* p) const { return relationTo(p) == 0; }
+  bool operator!=(const T* p) const { return relationTo(p) != 0; }
+  bool operator<(const T* p) const { return relationTo(p) < 0; }
+  bool operator<=(const T* p) const { return relationTo(p) <= 0; }
+  bool operator>(const T* p) const { return relationTo(p) > 0; }
+  bool operator>=(const T* p) const { return relationTo(p) >= 0; }
+
+  // The array proxy interface.
+  const T& proxyAt(unsigned int index) const override {
+    arrayops::checkIndex("tArray", "proxyAt", index, miSize);
+    return mpPool[index];
+  }
+  unsigned int proxyLength() const override { return miSize; }
+  void proxyCopyPartTo(T* dest, unsigned int index, unsigned int count) const override {
+    arrayops::checkRange("tArray", "proxyCopyPartTo", index, count, miSize);
+    copyElements(dest, mpPool + index, count);
+  }
+  const T* proxyProvideData(unsigned int index, unsigned int count) const override {
+    arrayops::checkRange("tArray", "provideData", index, count, miSize);
+    return mpPool == nullptr ? nullptr : mpPool + index;
+  }
+  unsigned int proxyPreferredBlockSize() const override { return 0; }
+  const tAbstractConstArrayProxy<T>* constProxyPhysical(unsigned int& offset) const override {
+    offset = 0;
+    return this;
+  }
+  T& proxyAt(unsigned int index) override {
+    arrayops::checkIndex("tArray", "proxyAt", index, miSize);
+    return mpPool[index];
+  }
+  T* proxyProvideWriteableData(unsigned int index, unsigned int count) override {
+    arrayops::checkRange("tArray", "provideWriteableData", index, count, miSize);
+    return mpPool == nullptr ? nullptr : mpPool + index;
+  }
+  void proxyPatchData(unsigned int index, unsigned int count, const T* from) override {
+    arrayops::checkRange("tArray", "proxyPatchData", index, count, miSize);
+    if (count > 0) {
+      std::memmove(mpPool + index, from, static_cast<std::size_t>(count) * sizeof(T));
+    }
+  }
+  void proxySetSize(unsigned int size) override { setSize(size); }
+  void proxyInsert(unsigned int index, const T* from, unsigned int count) override { insert(index, from, count); }
+  void proxyInsertDefaultObjects(unsigned int index, unsigned int count) override {
+    arrayops::checkPosition("tArray", "proxyInsertDefaultObjects", index, miSize);
+    arrayops::checkGrowth("tArray", "proxyInsertDefaultObjects", miSize, count);
+    if (count > 0) {
+      openGap(index, count);
+    }
+  }
+  void proxyErase(unsigned int index, unsigned int count) override { erase(index, count); }
+  tAbstractArrayProxy<T>* proxyPhysical(unsigned int& offset) override {
+    offset = 0;
+    return this;
+  }
+
+  // Pool capacity for `n` elements: n (at least 1) rounded up to a whole
+  // number of sectors.
+  unsigned int sizeToSectors(unsigned int n) const {
+    const std::uint64_t mask = (std::uint64_t(1) << (miGrowStep & 31)) - 1;
+    const std::uint64_t m = n > 0 ? n : 1;
+    const std::uint64_t rounded = (m + mask) & ~mask;
+    return rounded > 0xFFFFFFFFu ? static_cast<unsigned int>(m) : static_cast<unsigned int>(rounded);
+  }
+
+protected:
+  // Every size change goes through here. Growth passes fit = false (whole
+  // sectors), shrinking passes the fit-on-erase flag.
+  void resizePool(unsigned int newSize, bool fit) {
+    unsigned int target = newSize == 0 ? 1 : newSize;
+    if (!fit) {
+      target = sizeToSectors(newSize);
+    }
+    if (Traits::ExtraElements == 0 && newSize == 0) {
+      target = 0;
+    }
+    if (miPoolSize < target || (fit && miPoolSize > target)) {
+      reallocatePool(target);
+    }
+    miSize = newSize;
+    if (Traits::Terminated) {
+      mpPool[newSize] = T();
+    }
+  }
+
+private:
+  int relationTo(const T* p) const { return relation(p, p == nullptr ? 0 : arrayops::terminatedLength(p)); }
+
+  bool insidePool(const T* p) const {
+    std::less_equal<const T*> le;
+    std::less<const T*> lt;
+    return mpPool != nullptr && le(mpPool, p) && lt(p, mpPool + miPoolSize + Traits::ExtraElements);
+  }
+
+  static void copyElements(T* dest, const T* from, unsigned int n) {
+    if (n > 0) {
+      std::memcpy(dest, from, static_cast<std::size_t>(n) * sizeof(T));
+    }
+  }
+  static void fillElements(T* dest, const T& value, unsigned int n) {
+    if (sizeof(T) == 1 && n > 0) {
+      unsigned char byte;
+      std::memcpy(&byte, &value, 1);
+      std::memset(dest, byte, n);
+      return;
+    }
+    for (unsigned int i = 0; i < n; ++i) {
+      dest[i] = value;
+    }
+  }
+
+  void initFrom(const T* pFrom, unsigned int n) {
+    resizePool(n, false);
+    copyElements(mpPool, pFrom, n);
+  }
+
+  // realloc keeps the content up to the smaller of both sizes, which is all a
+  // resize needs to keep, and extends in place where it can.
+  void reallocatePool(unsigned int target) {
+    const std::size_t bytes = (static_cast<std::size_t>(target) + Traits::ExtraElements) * sizeof(T);
+    if (bytes == 0) {
+      std::free(mpPool);
+      mpPool = nullptr;
+      miPoolSize = 0;
+      return;
+    }
+    T* pool = static_cast<T*>(std::realloc(mpPool, bytes));
+    if (pool == nullptr) {
+      throw std::bad_alloc();
+    }
+    mpPool = pool;
+    miPoolSize = target;
+  }
+
+  // Grows by n and moves the elements from `at` on n places up.
+  void openGap(unsigned int at, unsigned int n) {
+    const unsigned int oldSize = miSize;
+    resizePool(oldSize + n, false);
+    std::memmove(mpPool + at + n, mpPool + at, static_cast<std::size_t>(oldSize - at) * sizeof(T));
+  }
+
+  QELCORE_STD_TARRAY_NOINLINE unsigned int appendSlow(T value) {
+    const unsigned int at = miSize;
+    arrayops::checkGrowth("tArray", "append", at, 1);
+    resizePool(at + 1, false);
+    mpPool[at] = value;
+    return at;
+  }
+  QELCORE_STD_TARRAY_NOINLINE unsigned int appendSlow(const T* pFrom, unsigned int n) {
+    const unsigned int at = miSize;
+    arrayops::checkGrowth("tArray", "append", at, n);
+    if (insidePool(pFrom)) {
+      tArray copy(pFrom, n);
+      return append(copy.mpPool, n);
+    }
+    resizePool(at + n, false);
+    copyElements(mpPool + at, pFrom, n);
+    return at;
+  }
+
+  T* mpPool;
+  unsigned int miPoolSize;
+  unsigned int miGrowStep;
+  unsigned int miSize;
+  bool mbFitOnErase;
+};
+
+template <typename T, typename Traits>
+inline bool operator==(const T* p, const tArray<T, Traits>& a) {
+  return a == p;
+}
+template <typename T, typename Traits>
+inline bool operator!=(const T* p, const tArray<T, Traits>& a) {
+  return a != p;
+}
+
+}  // namespace qstd
+
+#endif

@@ -1,0 +1,291 @@
+// A writable view (offset, length) onto any array proxy. Changes go to the
+// target at offset + index, and the view's length follows them. The view
+// neither owns nor outlives its target.
+#ifndef QELCORE_STD_TARRAYREF_H
+#define QELCORE_STD_TARRAYREF_H
+
+#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/std/tabstractarrayproxy.h"
+#include "qelcore/std/tarraybyteleveltraits.h"
+#include "qelcore/std/tarrayops.h"
+#include "qelcore/std/tconstarrayref.h"
+
+namespace qstd {
+
+template <typename T, typename Traits = tArrayByteLevelTraits<T>>
+class tArrayRef : public tAbstractArrayProxy<T> {
+public:
+  typedef T ElementType;
+  typedef Traits TraitsType;
+
+  tArrayRef() : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {}
+  tArrayRef(tAbstractArrayProxy<T>& target) : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
+    set(target, 0);
+  }
+  tArrayRef(tAbstractArrayProxy<T>& target, unsigned int offset)
+      : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
+    set(target, offset);
+  }
+  tArrayRef(tAbstractArrayProxy<T>& target, unsigned int offset, unsigned int length)
+      : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
+    set(target, offset, length);
+  }
+  tArrayRef(const tArrayRef& other) = default;
+  tArrayRef& operator=(const tArrayRef& other) = default;
+
+  void set(tAbstractArrayProxy<T>& target, unsigned int offset) {
+    const unsigned int length = target.proxyLength();
+    arrayops::checkRange("tArrayRef", "set", offset, 0, length);
+    set(target, offset, length - offset);
+  }
+  void set(tAbstractArrayProxy<T>& target, unsigned int offset, unsigned int length) {
+    arrayops::checkRange("tArrayRef", "set", offset, length, target.proxyLength());
+    unsigned int base = 0;
+    tAbstractArrayProxy<T>* physical = target.proxyPhysical(base);
+    mpData = physical;
+    miOffset = base + offset;
+    miLength = length;
+    miOpBlockSize = target.proxyPreferredBlockSize();
+  }
+  void clear() {
+    mpData = nullptr;
+    miOffset = 0;
+    miLength = 0;
+    miOpBlockSize = 0;
+  }
+  void swap(tArrayRef& other) {
+    tArrayRef t(*this);
+    *this = other;
+    other = t;
+  }
+
+  tAbstractArrayProxy<T>* target() const { return mpData; }
+  unsigned int offset() const { return miOffset; }
+  unsigned int size() const { return miLength; }
+  unsigned int length() const { return miLength; }
+  bool empty() const { return miLength == 0; }
+  unsigned int opBlockSize() const { return miOpBlockSize; }
+  void setOpBlockSize(unsigned int n) { miOpBlockSize = n; }
+
+  // The same view, read-only.
+  tConstArrayRef<T, Traits> constRef() const {
+    return mpData == nullptr ? tConstArrayRef<T, Traits>() : tConstArrayRef<T, Traits>(*mpData, miOffset, miLength);
+  }
+
+  const T& at(unsigned int index) const {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    arrayops::checkIndex("tArrayRef", "at", index, miLength);
+    return static_cast<const tAbstractArrayProxy<T>*>(mpData)->proxyAt(miOffset + index);
+  }
+  T& at(unsigned int index) {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    arrayops::checkIndex("tArrayRef", "at", index, miLength);
+    return mpData->proxyAt(miOffset + index);
+  }
+  const T& operator[](unsigned int index) const {
+    return static_cast<const tAbstractArrayProxy<T>*>(mpData)->proxyAt(miOffset + index);
+  }
+  T& operator[](unsigned int index) { return mpData->proxyAt(miOffset + index); }
+
+  T* data() {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    return miLength == 0 ? nullptr : mpData->proxyProvideWriteableData(miOffset, miLength);
+  }
+  const T* data() const {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    return elements();
+  }
+
+  unsigned int find(const T& value, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    const T copy = value;
+    return find(&copy, 1, found, start, count);
+  }
+  unsigned int find(const T* what, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    QEL_ASSERT(what != 0, "std/tarrayref");
+    return find(what, arrayops::terminatedLength(what), found, start, count);
+  }
+  unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    arrayops::checkRange("tArrayRef", "find", start, 0, miLength);
+    const unsigned int end = arrayops::searchEnd(start, count, miLength);
+    const unsigned int at = arrayops::search(elements(), start, end, what, n);
+    found = at < end || (n == 0 && at == start);
+    return found ? at : miLength;
+  }
+  bool contains(const T& value) const {
+    bool found = false;
+    find(value, found);
+    return found;
+  }
+  bool contains(const T* what) const {
+    bool found = false;
+    find(what, found);
+    return found;
+  }
+  bool contains(const T* what, unsigned int n) const {
+    bool found = false;
+    find(what, n, found);
+    return found;
+  }
+  bool beginsWith(const T* what) const {
+    QEL_ASSERT(what != 0, "std/tarrayref");
+    return beginsWith(what, arrayops::terminatedLength(what));
+  }
+  bool beginsWith(const T* what, unsigned int n) const {
+    return n <= miLength && arrayops::sameElements(elements(), what, n);
+  }
+  bool endsWith(const T* what) const {
+    QEL_ASSERT(what != 0, "std/tarrayref");
+    return endsWith(what, arrayops::terminatedLength(what));
+  }
+  bool endsWith(const T* what, unsigned int n) const {
+    return n <= miLength && arrayops::sameElements(elements() + (miLength - n), what, n);
+  }
+  bool isEqual(const T* p, unsigned int n) const { return n == miLength && arrayops::sameElements(elements(), p, n); }
+  bool isEqual(const T* p, unsigned int n, unsigned int start) const {
+    return start <= miLength && n <= miLength - start && arrayops::sameElements(elements() + start, p, n);
+  }
+  int relation(const T* p, unsigned int n) const {
+    return arrayops::relation(mpData != nullptr, elements(), miLength, p, n);
+  }
+  int relation(const tArrayRef& other) const {
+    return other.mpData == nullptr ? relation(nullptr, 0) : relation(other.elements(), other.miLength);
+  }
+
+  tArrayRef cut(unsigned int index, unsigned int count) const {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    arrayops::checkRange("tArrayRef", "cut", index, count, miLength);
+    return tArrayRef(*mpData, miOffset + index, count);
+  }
+
+  // Changes, forwarded to the target; each returns like its tArray
+  // counterpart.
+  unsigned int append(const T& value) {
+    const T copy = value;
+    return append(&copy, 1);
+  }
+  unsigned int append(const T* pFrom, unsigned int n) {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    arrayops::checkGrowth("tArrayRef", "append", miLength, n);
+    const unsigned int at = miLength;
+    mpData->proxyInsert(miOffset + miLength, pFrom, n);
+    miLength += n;
+    return at;
+  }
+  void insert(unsigned int at, const T* pFrom, unsigned int n) {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    arrayops::checkPosition("tArrayRef", "insert", at, miLength);
+    arrayops::checkGrowth("tArrayRef", "insert", miLength, n);
+    mpData->proxyInsert(miOffset + at, pFrom, n);
+    miLength += n;
+  }
+  void erase(unsigned int index, unsigned int count) {
+    arrayops::checkRange("tArrayRef", "erase", index, count, miLength);
+    if (count == 0) {
+      return;
+    }
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    mpData->proxyErase(miOffset + index, count);
+    miLength -= count;
+  }
+  void fill(const T& value) { fill(0, value, miLength); }
+  void fill(unsigned int index, const T& value, unsigned int count) {
+    arrayops::checkRange("tArrayRef", "fill", index, count, miLength);
+    if (count == 0) {
+      return;
+    }
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    T* p = mpData->proxyProvideWriteableData(miOffset + index, count);
+    for (unsigned int i = 0; i < count; ++i) {
+      p[i] = value;
+    }
+  }
+  // Grows the view by opening a gap at its end, or shrinks it by erasing its
+  // tail; the rest of the target moves along.
+  void setSize(unsigned int n) {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    if (n > miLength) {
+      mpData->proxyInsertDefaultObjects(miOffset + miLength, n - miLength);
+    } else if (n < miLength) {
+      mpData->proxyErase(miOffset + n, miLength - n);
+    }
+    miLength = n;
+  }
+  void truncate(unsigned int n) {
+    arrayops::checkPosition("tArrayRef", "truncate", n, miLength);
+    if (n < miLength) {
+      setSize(n);
+    }
+  }
+
+  // The array proxy interface.
+  const T& proxyAt(unsigned int index) const override { return at(index); }
+  unsigned int proxyLength() const override { return miLength; }
+  void proxyCopyPartTo(T* dest, unsigned int index, unsigned int count) const override {
+    arrayops::checkRange("tArrayRef", "proxyCopyPartTo", index, count, miLength);
+    if (count > 0) {
+      QEL_ASSERT(mpData != 0, "std/tarrayref");
+      mpData->proxyCopyPartTo(dest, miOffset + index, count);
+    }
+  }
+  const T* proxyProvideData(unsigned int index, unsigned int count) const override {
+    arrayops::checkRange("tArrayRef", "provideData", index, count, miLength);
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    return mpData->proxyProvideData(miOffset + index, count);
+  }
+  unsigned int proxyPreferredBlockSize() const override { return miOpBlockSize; }
+  const tAbstractConstArrayProxy<T>* constProxyPhysical(unsigned int& offset) const override {
+    if (mpData == nullptr) {
+      offset = 0;
+      return this;
+    }
+    offset = miOffset;
+    return mpData;
+  }
+  T& proxyAt(unsigned int index) override { return at(index); }
+  T* proxyProvideWriteableData(unsigned int index, unsigned int count) override {
+    arrayops::checkRange("tArrayRef", "provideWriteableData", index, count, miLength);
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    return mpData->proxyProvideWriteableData(miOffset + index, count);
+  }
+  void proxyPatchData(unsigned int index, unsigned int count, const T* from) override {
+    arrayops::checkRange("tArrayRef", "proxyPatchData", index, count, miLength);
+    if (count > 0) {
+      QEL_ASSERT(mpData != 0, "std/tarrayref");
+      mpData->proxyPatchData(miOffset + index, count, from);
+    }
+  }
+  void proxySetSize(unsigned int size) override { setSize(size); }
+  void proxyInsert(unsigned int index, const T* from, unsigned int count) override { insert(index, from, count); }
+  void proxyInsertDefaultObjects(unsigned int index, unsigned int count) override {
+    QEL_ASSERT(mpData != 0, "std/tarrayref");
+    arrayops::checkPosition("tArrayRef", "proxyInsertDefaultObjects", index, miLength);
+    arrayops::checkGrowth("tArrayRef", "proxyInsertDefaultObjects", miLength, count);
+    mpData->proxyInsertDefaultObjects(miOffset + index, count);
+    miLength += count;
+  }
+  void proxyErase(unsigned int index, unsigned int count) override { erase(index, count); }
+  tAbstractArrayProxy<T>* proxyPhysical(unsigned int& offset) override {
+    if (mpData == nullptr) {
+      offset = 0;
+      return this;
+    }
+    offset = miOffset;
+    return mpData;
+  }
+
+private:
+  const T* elements() const {
+    return (mpData == nullptr || miLength == 0) ? nullptr
+                                                : static_cast<const tAbstractArrayProxy<T>*>(mpData)->proxyProvideData(
+                                                      miOffset, miLength);
+  }
+
+  tAbstractArrayProxy<T>* mpData;
+  unsigned int miOffset;
+  unsigned int miLength;
+  unsigned int miOpBlockSize;
+};
+
+}  // namespace qstd
+
+#endif

@@ -1,0 +1,190 @@
+// A read-only view (offset, length) onto any array proxy. The view neither
+// owns nor outlives its target; a default-constructed view has no target.
+#ifndef QELCORE_STD_TCONSTARRAYREF_H
+#define QELCORE_STD_TCONSTARRAYREF_H
+
+#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/std/tabstractconstarrayproxy.h"
+#include "qelcore/std/tarraybyteleveltraits.h"
+#include "qelcore/std/tarrayops.h"
+
+namespace qstd {
+
+template <typename T, typename Traits = tArrayByteLevelTraits<T>>
+class tConstArrayRef : public tAbstractConstArrayProxy<T> {
+public:
+  typedef T ElementType;
+  typedef Traits TraitsType;
+
+  tConstArrayRef() : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {}
+  // The whole target.
+  tConstArrayRef(const tAbstractConstArrayProxy<T>& target)
+      : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
+    set(target, 0);
+  }
+  // From `offset` to the target's end.
+  tConstArrayRef(const tAbstractConstArrayProxy<T>& target, unsigned int offset)
+      : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
+    set(target, offset);
+  }
+  tConstArrayRef(const tAbstractConstArrayProxy<T>& target, unsigned int offset, unsigned int length)
+      : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
+    set(target, offset, length);
+  }
+  tConstArrayRef(const tConstArrayRef& other) = default;
+  tConstArrayRef& operator=(const tConstArrayRef& other) = default;
+
+  void set(const tAbstractConstArrayProxy<T>& target, unsigned int offset) {
+    const unsigned int length = target.proxyLength();
+    arrayops::checkRange("tConstArrayRef", "set", offset, 0, length);
+    set(target, offset, length - offset);
+  }
+  // Views onto views are resolved to the proxy that holds the elements.
+  void set(const tAbstractConstArrayProxy<T>& target, unsigned int offset, unsigned int length) {
+    arrayops::checkRange("tConstArrayRef", "set", offset, length, target.proxyLength());
+    unsigned int base = 0;
+    const tAbstractConstArrayProxy<T>* physical = target.constProxyPhysical(base);
+    mpData = physical;
+    miOffset = base + offset;
+    miLength = length;
+    miOpBlockSize = target.proxyPreferredBlockSize();
+  }
+  // Detaches the view from its target.
+  void clear() {
+    mpData = nullptr;
+    miOffset = 0;
+    miLength = 0;
+    miOpBlockSize = 0;
+  }
+  void swap(tConstArrayRef& other) {
+    tConstArrayRef t(*this);
+    *this = other;
+    other = t;
+  }
+
+  const tAbstractConstArrayProxy<T>* target() const { return mpData; }
+  unsigned int offset() const { return miOffset; }
+  unsigned int size() const { return miLength; }
+  unsigned int length() const { return miLength; }
+  bool empty() const { return miLength == 0; }
+  unsigned int opBlockSize() const { return miOpBlockSize; }
+  void setOpBlockSize(unsigned int n) { miOpBlockSize = n; }
+
+  const T& at(unsigned int index) const {
+    QEL_ASSERT(mpData != 0, "std/tconstarrayref");
+    arrayops::checkIndex("tConstArrayRef", "at", index, miLength);
+    return mpData->proxyAt(miOffset + index);
+  }
+  const T& operator[](unsigned int index) const { return mpData->proxyAt(miOffset + index); }
+
+  // Contiguous elements of the view (null for an empty one).
+  const T* data() const {
+    QEL_ASSERT(mpData != 0, "std/tconstarrayref");
+    return miLength == 0 ? nullptr : mpData->proxyProvideData(miOffset, miLength);
+  }
+
+  // As tArray::find; the index is relative to the view, the view's length
+  // when nothing is found.
+  unsigned int find(const T& value, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    const T copy = value;
+    return find(&copy, 1, found, start, count);
+  }
+  unsigned int find(const T* what, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    QEL_ASSERT(what != 0, "std/tconstarrayref");
+    return find(what, arrayops::terminatedLength(what), found, start, count);
+  }
+  unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    arrayops::checkRange("tConstArrayRef", "find", start, 0, miLength);
+    const unsigned int end = arrayops::searchEnd(start, count, miLength);
+    const unsigned int at = arrayops::search(elements(), start, end, what, n);
+    found = at < end || (n == 0 && at == start);
+    return found ? at : miLength;
+  }
+  bool contains(const T& value) const {
+    bool found = false;
+    find(value, found);
+    return found;
+  }
+  bool contains(const T* what) const {
+    bool found = false;
+    find(what, found);
+    return found;
+  }
+  bool contains(const T* what, unsigned int n) const {
+    bool found = false;
+    find(what, n, found);
+    return found;
+  }
+  bool beginsWith(const T* what) const {
+    QEL_ASSERT(what != 0, "std/tconstarrayref");
+    return beginsWith(what, arrayops::terminatedLength(what));
+  }
+  bool beginsWith(const T* what, unsigned int n) const {
+    return n <= miLength && arrayops::sameElements(elements(), what, n);
+  }
+  bool endsWith(const T* what) const {
+    QEL_ASSERT(what != 0, "std/tconstarrayref");
+    return endsWith(what, arrayops::terminatedLength(what));
+  }
+  bool endsWith(const T* what, unsigned int n) const {
+    return n <= miLength && arrayops::sameElements(elements() + (miLength - n), what, n);
+  }
+  bool isEqual(const T* p, unsigned int n) const { return n == miLength && arrayops::sameElements(elements(), p, n); }
+  bool isEqual(const T* p, unsigned int n, unsigned int start) const {
+    return start <= miLength && n <= miLength - start && arrayops::sameElements(elements() + start, p, n);
+  }
+  // As tArray::relation; a view without target counts as never allocated.
+  int relation(const T* p, unsigned int n) const {
+    return arrayops::relation(mpData != nullptr, elements(), miLength, p, n);
+  }
+  int relation(const tConstArrayRef& other) const {
+    return other.mpData == nullptr ? relation(nullptr, 0) : relation(other.elements(), other.miLength);
+  }
+
+  // A view of part of this view.
+  tConstArrayRef cut(unsigned int index, unsigned int count) const {
+    QEL_ASSERT(mpData != 0, "std/tconstarrayref");
+    arrayops::checkRange("tConstArrayRef", "cut", index, count, miLength);
+    return tConstArrayRef(*mpData, miOffset + index, count);
+  }
+
+  // The array proxy interface.
+  const T& proxyAt(unsigned int index) const override { return at(index); }
+  unsigned int proxyLength() const override { return miLength; }
+  void proxyCopyPartTo(T* dest, unsigned int index, unsigned int count) const override {
+    arrayops::checkRange("tConstArrayRef", "proxyCopyPartTo", index, count, miLength);
+    if (count > 0) {
+      QEL_ASSERT(mpData != 0, "std/tconstarrayref");
+      mpData->proxyCopyPartTo(dest, miOffset + index, count);
+    }
+  }
+  const T* proxyProvideData(unsigned int index, unsigned int count) const override {
+    arrayops::checkRange("tConstArrayRef", "provideData", index, count, miLength);
+    QEL_ASSERT(mpData != 0, "std/tconstarrayref");
+    return mpData->proxyProvideData(miOffset + index, count);
+  }
+  unsigned int proxyPreferredBlockSize() const override { return miOpBlockSize; }
+  const tAbstractConstArrayProxy<T>* constProxyPhysical(unsigned int& offset) const override {
+    if (mpData == nullptr) {
+      offset = 0;
+      return this;
+    }
+    offset = miOffset;
+    return mpData;
+  }
+
+private:
+  // Start of the view's elements, null when there are none.
+  const T* elements() const {
+    return (mpData == nullptr || miLength == 0) ? nullptr : mpData->proxyProvideData(miOffset, miLength);
+  }
+
+  const tAbstractConstArrayProxy<T>* mpData;
+  unsigned int miOffset;
+  unsigned int miLength;
+  unsigned int miOpBlockSize;
+};
+
+}  // namespace qstd
+
+#endif

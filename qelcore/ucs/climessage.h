@@ -1,0 +1,83 @@
+// A localizable message: an ASCII template (the key) with %name% placeholders
+// plus the values bound to them, rendered untranslated or through a
+// translated template that may use the placeholders in any order.
+//
+//   cLIMessage() << "$QTR$File %file% exists!" << fileName;
+//
+// The first ASCII text given to an empty message becomes the template; every
+// later value is bound to the next placeholder of the template. A template
+// beginning with "$QTR$" is translatable, one beginning with "$QNTR$" is not;
+// the marker is not part of the key.
+#ifndef QELCORE_UCS_CLIMESSAGE_H
+#define QELCORE_UCS_CLIMESSAGE_H
+
+#include "qelcore/qelexport.h"
+
+namespace qstd {
+class cAsciiString;
+class cNumberConversionFormat;
+}  // namespace qstd
+
+namespace qucs {
+
+class cString;
+
+class QEL_EXPORT cLIMessage {
+public:
+  enum ParamKind { ParamText = 0, ParamInteger = 1, ParamDouble = 2 };
+
+  cLIMessage();
+  explicit cLIMessage(const qstd::cAsciiString& tmpl);
+  explicit cLIMessage(const char* tmpl);
+  cLIMessage(const cLIMessage& other);
+  cLIMessage& operator=(const cLIMessage& other);
+  virtual ~cLIMessage();
+  void swap(cLIMessage& other);
+
+  // The template while the key is empty, a text value afterwards.
+  cLIMessage& operator<<(const char* text);
+  cLIMessage& operator<<(const qstd::cAsciiString& text);
+  // Always a text value.
+  cLIMessage& operator<<(const cString& text);
+  cLIMessage& operator<<(int value);
+  cLIMessage& operator<<(unsigned int value);
+  cLIMessage& operator<<(long value);
+  cLIMessage& operator<<(unsigned long value);
+  cLIMessage& operator<<(long long value);
+  cLIMessage& operator<<(unsigned long long value);
+  cLIMessage& operator<<(double value);
+  // Numbers added after this use (a copy of) the format.
+  cLIMessage& operator<<(const qstd::cNumberConversionFormat& format);
+  // Null until a format was given.
+  const qstd::cNumberConversionFormat* numberConversionFormat() const;
+
+  const qstd::cAsciiString& key() const;
+  bool isTranslatable() const;
+  // Where the next value is bound in the key.
+  unsigned int scanPosition() const;
+
+  // The bound values, in binding order.
+  unsigned int paramCount() const;
+  const qstd::cAsciiString& paramName(unsigned int i) const;
+  const cString& paramValue(unsigned int i) const;
+  ParamKind paramKind(unsigned int i) const;
+
+  // The key with every placeholder replaced ("???" when unbound).
+  void untranslated(cString& out) const;
+  void untranslated(qstd::cAsciiString& out) const;
+  // Renders `translation` with this message's values; a message that is not
+  // translatable renders its key instead.
+  void translate(const cString& translation, cString& out) const;
+
+  // Rebuilds a message from archived parts (for the archive operators).
+  void restore(const qstd::cAsciiString& key, unsigned int scanPosition, bool translatable);
+  void addParam(const qstd::cAsciiString& name, const cString& value, ParamKind kind);
+
+private:
+  class cLIMessageImpl;
+  cLIMessageImpl* mpImpl;
+};
+
+}  // namespace qucs
+
+#endif
