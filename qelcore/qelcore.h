@@ -25,10 +25,69 @@
 #include "qelcore/std/ctypeerrorexception.h"
 #include "qelcore/std/ctypemissmatchexception.h"
 
+// std: arrays, strings, pointers, containers and tokenizers
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/casciistringtokenizer.h"
+#include "qelcore/std/cconstcstringref.h"
+#include "qelcore/std/tabstractarrayproxy.h"
+#include "qelcore/std/tabstractconstarrayproxy.h"
+#include "qelcore/std/tarray.h"
+#include "qelcore/std/tarrayasciistringtraits.h"
+#include "qelcore/std/tarraybyteleveltraits.h"
+#include "qelcore/std/tarrayref.h"
+#include "qelcore/std/tautoptr.h"
+#include "qelcore/std/tautoptrref.h"
+#include "qelcore/std/tautoptrtype.h"
+#include "qelcore/std/tconstarrayref.h"
+#include "qelcore/std/thash.h"
+#include "qelcore/std/tlist.h"
+#include "qelcore/std/tptrlist.h"
+#include "qelcore/std/tptrvector.h"
+#include "qelcore/std/tsharedobject.h"
+#include "qelcore/std/tsharedobjectdata.h"
+#include "qelcore/std/tstack.h"
+#include "qelcore/std/ttokenizer.h"
+#include "qelcore/std/tvector.h"
+
 // ucs: Unicode strings and messages
 #include "qelcore/ucs/clilocale.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/clitrtable.h"
 #include "qelcore/ucs/cstring.h"
+
+// std: time values and calendar types
+#include "qelcore/std/cdate.h"
+#include "qelcore/std/cdatetime.h"
+#include "qelcore/std/ctime.h"
+
+// ucs: encoders and decoders
+#include "qelcore/ucs/cabstractendec.h"
+#include "qelcore/ucs/cendecutf16.h"
+#include "qelcore/ucs/cendecutf8.h"
+#include "qelcore/ucs/cucsexceptions.h"
+
+// std: build information
+#include "qelcore/std/cbuildinfo.h"
+
+// sa: archives
+#include "qelcore/sa/cabstractcontextdata.h"
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/sa/cabstracttypereference.h"
+#include "qelcore/sa/ccontext.h"
+#include "qelcore/sa/ccontextref.h"
+#include "qelcore/sa/cdeserializebinary.h"
+#include "qelcore/sa/clabeledtypemissmatchexception.h"
+#include "qelcore/sa/creferenceframe.h"
+#include "qelcore/sa/csaexceptionfactory.h"
+#include "qelcore/sa/csaexceptions.h"
+#include "qelcore/sa/csbinaryloadcontextdata.h"
+#include "qelcore/sa/csbinarystorecontextdata.h"
+#include "qelcore/sa/cserializebinary.h"
+#include "qelcore/sa/cserializebinaryshared.h"
+#include "qelcore/sa/cserializedebug.h"
+#include "qelcore/sa/cserializetotypestring.h"
+#include "qelcore/sa/ctypereference.h"
+#include "qelcore/sa/pitypes.h"
 
 #endif

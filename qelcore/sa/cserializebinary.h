@@ -1,0 +1,94 @@
+// The binary archive writer: values as tagged little-endian elements in a
+// growing byte array (see cSerializeBinaryShared for the type ids).
+//
+// Every operation is transactional on the write position: one that fails
+// leaves the position where it was, so nothing of it counts. The position may
+// lie before the end of the array (after a dropped context, rewind() or
+// patch()): writes then overwrite in place.
+#ifndef QELCORE_SA_CSERIALIZEBINARY_H
+#define QELCORE_SA_CSERIALIZEBINARY_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/sa/cserializebinaryshared.h"
+#include "qelcore/sa/csbinarystorecontextdata.h"
+#include "qelcore/std/tarray.h"
+#include "qelcore/std/tarrayref.h"
+
+namespace qsa {
+
+class cAbstractTypeReference;
+
+class QEL_EXPORT cSerializeBinary : public cAbstractSerializer, public cSerializeBinaryShared {
+public:
+  enum StringStoreMode {
+    // Unicode strings as their 32-bit characters (id 11).
+    StoreUCS4 = 0,
+    // Unicode strings as UTF-8 (id 16).
+    StoreUTF8 = 1
+  };
+
+  cSerializeBinary();
+  // Writes into `target` (not owned), from its beginning.
+  explicit cSerializeBinary(qstd::tArray<char>& target);
+  // Copies the written bytes into an array of its own; open contexts stay behind.
+  cSerializeBinary(const cSerializeBinary& other);
+  ~cSerializeBinary() override;
+
+  void storeBlock(const char* pData, unsigned int iSize) override;
+  void store(const qucs::cString& value) override;
+  void store(const qstd::cAsciiString& value) override;
+  void store(double value) override;
+  void store(bool value) override;
+  void store(long long value) override;
+  void store(unsigned long long value) override;
+  void store(int value) override;
+  void store(unsigned int value) override;
+  void store(short value) override;
+  void store(unsigned short value) override;
+  void store(char value) override;
+  void store(unsigned char value) override;
+  using cAbstractSerializer::store;
+
+  // Back to the first element of the open context, or of the archive.
+  void rewind() override;
+  // Empties the archive; refused while a context is open.
+  void clear() override;
+  cContextRef newContext(const char* pName) override;
+  void releaseCurrentContext() override;
+  cAbstractSerializer& newLabel(const qstd::cAsciiString& name) override;
+  // The written bytes; refused while a context is open.
+  qstd::tArrayRef<char> data() override;
+  // Exchanges the written bytes with `other`; writing goes on after what
+  // `other` held. Refused while a context is open.
+  void swapData(qstd::tArray<char>& other) override;
+
+  // The array written into, cut to the written bytes.
+  qstd::tArray<char>& ownData();
+  // Rewrites the element at `position` (which must be of the same size) with
+  // the referenced value; the write position stays.
+  void patch(unsigned int position, const cAbstractTypeReference& value);
+  unsigned int currentPos() const { return miPos; }
+  void setStringStoreMode(StringStoreMode mode) { meStringStoreMode = mode; }
+  StringStoreMode stringStoreMode() const { return meStringStoreMode; }
+
+private:
+  friend class cSBinaryStoreContextData;
+  cSerializeBinary& operator=(const cSerializeBinary&) = delete;
+
+  // Makes room for n bytes at the write position; returns where they go.
+  char* reserve(unsigned int n);
+  void storeTypeId(unsigned int id);
+  void storeRaw(const char* p, unsigned int n);
+  void detachContexts();
+
+  qstd::tArray<char> mOwnData;
+  qstd::tArray<char>& mrData;
+  unsigned int miPos;
+  cSBinaryStoreContextData* mpCurrent;
+  StringStoreMode meStringStoreMode;
+};
+
+}  // namespace qsa
+
+#endif

@@ -1,0 +1,119 @@
+// The sole owner of one object or one array. Copying transfers ownership:
+// the source is left empty. Every factory of the library returns one.
+#ifndef QELCORE_STD_TAUTOPTR_H
+#define QELCORE_STD_TAUTOPTR_H
+
+#include "qelcore/std/tautoptrref.h"
+#include "qelcore/std/tautoptrtype.h"
+
+namespace qstd {
+
+template <typename T>
+class tAutoPtr {
+public:
+  typedef tAutoPtrType::PointerType PointerType;
+
+  tAutoPtr() : mpPtr(nullptr), meType(tAutoPtrType::SingleObject) {}
+  explicit tAutoPtr(T* p, PointerType type = tAutoPtrType::SingleObject) : mpPtr(p), meType(type) {}
+  tAutoPtr(tAutoPtr& other) : mpPtr(other.mpPtr), meType(other.meType) { other.mpPtr = nullptr; }
+  tAutoPtr(tAutoPtr&& other) noexcept : mpPtr(other.mpPtr), meType(other.meType) { other.mpPtr = nullptr; }
+  // From a holder of a derived type.
+  template <typename U>
+  tAutoPtr(tAutoPtr<U>& other) : mpPtr(other.get()), meType(other.pointerType()) {
+    other.release();
+  }
+  template <typename U>
+  tAutoPtr(tAutoPtr<U>&& other) : mpPtr(other.get()), meType(other.pointerType()) {
+    other.release();
+  }
+  tAutoPtr(tAutoPtrRef<T> ref) : mpPtr(ref.mpPtr), meType(ref.meType) {}
+  virtual ~tAutoPtr() { dispose(); }
+
+  tAutoPtr& operator=(tAutoPtr& other) {
+    take(other);
+    return *this;
+  }
+  tAutoPtr& operator=(tAutoPtr&& other) noexcept {
+    take(other);
+    return *this;
+  }
+  template <typename U>
+  tAutoPtr& operator=(tAutoPtr<U>& other) {
+    const PointerType type = other.pointerType();
+    reset(other.release(), type);
+    return *this;
+  }
+  template <typename U>
+  tAutoPtr& operator=(tAutoPtr<U>&& other) {
+    const PointerType type = other.pointerType();
+    reset(other.release(), type);
+    return *this;
+  }
+  tAutoPtr& operator=(tAutoPtrRef<T> ref) {
+    reset(ref.mpPtr, ref.meType);
+    return *this;
+  }
+  template <typename U>
+  operator tAutoPtrRef<U>() {
+    const PointerType type = meType;
+    return tAutoPtrRef<U>(release(), type);
+  }
+
+  T* get() const { return mpPtr; }
+  T& operator*() const { return *mpPtr; }
+  T* operator->() const { return mpPtr; }
+  // Element of a held array.
+  T& operator[](unsigned int index) const { return mpPtr[index]; }
+  explicit operator bool() const { return mpPtr != nullptr; }
+  PointerType pointerType() const { return meType; }
+
+  // Gives the pointer up without freeing it.
+  T* release() {
+    T* p = mpPtr;
+    mpPtr = nullptr;
+    return p;
+  }
+  // Frees the held pointer unless it is `p`, then holds `p`.
+  void reset(T* p = nullptr, PointerType type = tAutoPtrType::SingleObject) {
+    if (p != mpPtr) {
+      dispose();
+    }
+    mpPtr = p;
+    meType = type;
+  }
+  void reinit(T* p = nullptr, PointerType type = tAutoPtrType::SingleObject) { reset(p, type); }
+  void swap(tAutoPtr& other) noexcept {
+    T* p = mpPtr;
+    mpPtr = other.mpPtr;
+    other.mpPtr = p;
+    const PointerType t = meType;
+    meType = other.meType;
+    other.meType = t;
+  }
+
+private:
+  void take(tAutoPtr& other) {
+    if (&other != this) {
+      const PointerType type = other.meType;
+      reset(other.release(), type);
+    }
+  }
+  void dispose() {
+    T* p = mpPtr;
+    if (p == nullptr) {
+      return;
+    }
+    if (meType == tAutoPtrType::SingleObject) {
+      delete p;
+    } else if (meType == tAutoPtrType::ArrayObject) {
+      delete[] p;
+    }
+  }
+
+  T* mpPtr;
+  PointerType meType;
+};
+
+}  // namespace qstd
+
+#endif

@@ -1,0 +1,20 @@
+// Carries the pointer of a tAutoPtr that is returned by value into the
+// tAutoPtr that takes it over.
+#ifndef QELCORE_STD_TAUTOPTRREF_H
+#define QELCORE_STD_TAUTOPTRREF_H
+
+#include "qelcore/std/tautoptrtype.h"
+
+namespace qstd {
+
+template <typename T>
+struct tAutoPtrRef {
+  tAutoPtrRef(T* p, tAutoPtrType::PointerType type) : mpPtr(p), meType(type) {}
+
+  T* mpPtr;
+  tAutoPtrType::PointerType meType;
+};
+
+}  // namespace qstd
+
+#endif

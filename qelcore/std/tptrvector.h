@@ -1,0 +1,111 @@
+// A vector of owned objects: it deletes every element it holds when the
+// element is erased, replaced or the vector goes. take() hands one back.
+#ifndef QELCORE_STD_TPTRVECTOR_H
+#define QELCORE_STD_TPTRVECTOR_H
+
+#include <vector>
+
+#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/std/tarrayops.h"
+#include "qelcore/std/tautoptr.h"
+
+namespace qstd {
+
+template <typename T>
+class tPtrVector {
+public:
+  typedef typename std::vector<T*>::const_iterator const_iterator;
+
+  tPtrVector() {}
+  tPtrVector(const tPtrVector&) = delete;
+  tPtrVector& operator=(const tPtrVector&) = delete;
+  tPtrVector(tPtrVector&& other) noexcept : mVector(std::move(other.mVector)) { other.mVector.clear(); }
+  tPtrVector& operator=(tPtrVector&& other) noexcept {
+    tPtrVector taken(std::move(other));
+    swap(taken);
+    return *this;
+  }
+  ~tPtrVector() { clear(); }
+
+  unsigned int size() const { return static_cast<unsigned int>(mVector.size()); }
+  unsigned int length() const { return size(); }
+  bool empty() const { return mVector.empty(); }
+  // Deletes every element.
+  void clear() {
+    std::vector<T*> old;
+    old.swap(mVector);
+    for (T* p : old) {
+      delete p;
+    }
+  }
+
+  T* at(unsigned int index) const {
+    arrayops::checkIndex("tPtrVector", "at", index, size());
+    return mVector[index];
+  }
+  T* operator[](unsigned int index) const { return at(index); }
+  T* first() const { return at(0); }
+  T* last() const { return at(size() - 1); }
+
+  // Takes ownership of `p` (also when the append fails); returns its index.
+  unsigned int append(T* p) {
+    tAutoPtr<T> owned(p);
+    mVector.push_back(p);
+    owned.release();
+    return size() - 1;
+  }
+  unsigned int append(tAutoPtr<T> p) { return append(p.release()); }
+  void insert(unsigned int index, T* p) {
+    tAutoPtr<T> owned(p);
+    arrayops::checkPosition("tPtrVector", "insert", index, size());
+    mVector.insert(mVector.begin() + index, p);
+    owned.release();
+  }
+  // Deletes the element held at `index` and holds `p` there instead.
+  void replace(unsigned int index, T* p) {
+    tAutoPtr<T> owned(p);
+    arrayops::checkIndex("tPtrVector", "replace", index, size());
+    T* old = mVector[index];
+    mVector[index] = owned.release();
+    if (old != p) {
+      delete old;
+    }
+  }
+  // Deletes the element.
+  void erase(unsigned int index) { delete take(index).release(); }
+  // Removes the element without deleting it.
+  tAutoPtr<T> take(unsigned int index) {
+    arrayops::checkIndex("tPtrVector", "take", index, size());
+    T* p = mVector[index];
+    mVector.erase(mVector.begin() + index);
+    return tAutoPtr<T>(p);
+  }
+
+  // Index of `p` (by identity); size() when it is not held.
+  unsigned int find(const T* p, bool& found) const {
+    for (unsigned int i = 0; i < size(); ++i) {
+      if (mVector[i] == p) {
+        found = true;
+        return i;
+      }
+    }
+    found = false;
+    return size();
+  }
+  bool contains(const T* p) const {
+    bool found = false;
+    find(p, found);
+    return found;
+  }
+
+  const_iterator begin() const { return mVector.begin(); }
+  const_iterator end() const { return mVector.end(); }
+  void swap(tPtrVector& other) noexcept { mVector.swap(other.mVector); }
+
+private:
+  std::vector<T*> mVector;
+};
+
+}  // namespace qstd
+
+#endif

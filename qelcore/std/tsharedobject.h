@@ -1,0 +1,166 @@
+// A counted handle to an object that several holders share, with or without
+// owning it. invalidateObject() ends the object for every holder at once;
+// the handles then report null() but stay valid until they go.
+#ifndef QELCORE_STD_TSHAREDOBJECT_H
+#define QELCORE_STD_TSHAREDOBJECT_H
+
+#include "qelcore/std/tautoptr.h"
+#include "qelcore/std/tsharedobjectdata.h"
+
+namespace qstd {
+
+template <typename T>
+class tSharedObject {
+public:
+  tSharedObject() : mpData(nullptr), mpObject(nullptr) {}
+  // Owning; a null pointer gives an empty handle.
+  explicit tSharedObject(T* p) : mpData(nullptr), mpObject(nullptr) { adopt(p, tAutoPtrType::SingleObject); }
+  // Shares an object it does not own.
+  explicit tSharedObject(T& object)
+      : mpData(new tSharedObjectData(false, nullptr, nullptr)), mpObject(&object) {}
+  // Owning, takes the pointer over (an array is freed as an array, a pointer
+  // the holder did not own is not freed).
+  template <typename U>
+  tSharedObject(tAutoPtr<U> p) : mpData(nullptr), mpObject(nullptr) {
+    const tAutoPtrType::PointerType type = p.pointerType();
+    U* object = p.get();
+    adopt(object, type);
+    p.release();
+  }
+  // Joins existing shared data (conversions between related types).
+  tSharedObject(tSharedObjectData* data, T* object) : mpData(data), mpObject(object) {
+    if (mpData != nullptr) {
+      mpData->addReference();
+    }
+  }
+  tSharedObject(const tSharedObject& other) : tSharedObject(other.mpData, other.mpObject) {}
+  template <typename U>
+  tSharedObject(const tSharedObject<U>& other) : tSharedObject(other.sharedData(), other.rawObject()) {}
+  tSharedObject(tSharedObject&& other) noexcept : mpData(other.mpData), mpObject(other.mpObject) {
+    other.mpData = nullptr;
+    other.mpObject = nullptr;
+  }
+  ~tSharedObject() { drop(); }
+
+  tSharedObject& operator=(const tSharedObject& other) {
+    tSharedObject copy(other);
+    swap(copy);
+    return *this;
+  }
+  tSharedObject& operator=(tSharedObject&& other) noexcept {
+    tSharedObject taken(static_cast<tSharedObject&&>(other));
+    swap(taken);
+    return *this;
+  }
+
+  // Null while the handle is null().
+  T* get() const { return null() ? nullptr : mpObject; }
+  T* operator->() const { return get(); }
+  T& operator*() const {
+    if (null()) {
+      tSharedObjectData::throwWrongSharedObjectDereference();
+    }
+    return *mpObject;
+  }
+  bool null() const { return mpData == nullptr || mpData->objectRefs() == 0; }
+  explicit operator bool() const { return !null(); }
+  unsigned int refCount() const { return mpData == nullptr ? 0 : mpData->objectRefs(); }
+  bool unique() const { return refCount() == 1; }
+
+  // Becomes a new owning handle of `p`.
+  void reset(T* p = nullptr) {
+    tSharedObject fresh(p);
+    swap(fresh);
+  }
+  // Ends the object for all holders (deleting it when owned).
+  void invalidateObject() {
+    if (mpData != nullptr) {
+      mpData->invalidate();
+    }
+  }
+
+  void swap(tSharedObject& other) noexcept {
+    tSharedObjectData* d = mpData;
+    mpData = other.mpData;
+    other.mpData = d;
+    T* o = mpObject;
+    mpObject = other.mpObject;
+    other.mpObject = o;
+  }
+
+  // A handle of another type onto the same shared data (empty when the
+  // dynamic cast fails).
+  template <typename U>
+  tSharedObject<U> staticCast() const {
+    return tSharedObject<U>(mpData, static_cast<U*>(mpObject));
+  }
+  template <typename U>
+  tSharedObject<U> dynamicCast() const {
+    U* p = dynamic_cast<U*>(mpObject);
+    return p == nullptr ? tSharedObject<U>() : tSharedObject<U>(mpData, p);
+  }
+
+  tSharedObjectData* sharedData() const { return mpData; }
+  // The pointer this handle was made with, valid or not.
+  T* rawObject() const { return mpObject; }
+
+private:
+  template <typename U>
+  static void deleteObject(void* p) {
+    delete static_cast<U*>(p);
+  }
+  template <typename U>
+  static void deleteArray(void* p) {
+    delete[] static_cast<U*>(p);
+  }
+
+  template <typename U>
+  void adopt(U* p, tAutoPtrType::PointerType type) {
+    if (p == nullptr) {
+      return;
+    }
+    tSharedObjectData::tDeleter deleter = nullptr;
+    if (type == tAutoPtrType::SingleObject) {
+      deleter = &deleteObject<U>;
+    } else if (type == tAutoPtrType::ArrayObject) {
+      deleter = &deleteArray<U>;
+    }
+    try {
+      mpData = new tSharedObjectData(deleter != nullptr, p, deleter);
+    } catch (...) {
+      if (deleter != nullptr) {
+        deleter(p);
+      }
+      throw;
+    }
+    mpObject = p;
+  }
+
+  void drop() {
+    tSharedObjectData* data = mpData;
+    if (data == nullptr) {
+      return;
+    }
+    if (data->dropReference()) {
+      delete data;
+    }
+    mpData = nullptr;
+    mpObject = nullptr;
+  }
+
+  tSharedObjectData* mpData;
+  T* mpObject;
+};
+
+template <typename T, typename U>
+inline bool operator==(const tSharedObject<T>& a, const tSharedObject<U>& b) {
+  return a.get() == b.get();
+}
+template <typename T, typename U>
+inline bool operator!=(const tSharedObject<T>& a, const tSharedObject<U>& b) {
+  return a.get() != b.get();
+}
+
+}  // namespace qstd
+
+#endif

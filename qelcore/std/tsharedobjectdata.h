@@ -1,0 +1,77 @@
+// The counts shared by all handles (tSharedObject) of one object.
+//
+// Object references count the live references to the object and drop to 0
+// when it is gone or invalidated; handles count the handles that still point
+// at this data, which is freed when they reach 0. The counts are plain
+// integers: one thread at a time, or the caller locks.
+#ifndef QELCORE_STD_TSHAREDOBJECTDATA_H
+#define QELCORE_STD_TSHAREDOBJECTDATA_H
+
+#include "qelcore/qelexport.h"
+
+namespace qstd {
+
+class QEL_EXPORT tSharedObjectData {
+public:
+  // Deletes the object as the type it was created with, so that handles of a
+  // base type free it correctly.
+  typedef void (*tDeleter)(void* object);
+
+  tSharedObjectData(bool owns, void* object, tDeleter deleter)
+      : mbOwns(owns), miObjectRefs(1), miHandles(1), mpObject(object), mpfnDeleter(deleter) {}
+  tSharedObjectData(const tSharedObjectData&) = delete;
+  tSharedObjectData& operator=(const tSharedObjectData&) = delete;
+
+  bool owns() const { return mbOwns; }
+  unsigned int objectRefs() const { return miObjectRefs; }
+  unsigned int handles() const { return miHandles; }
+
+  // A new handle joins.
+  void addReference() {
+    if (miObjectRefs != 0) {
+      ++miObjectRefs;
+    }
+    ++miHandles;
+  }
+  // A handle leaves; returns true when the data itself must be freed now.
+  bool dropReference() {
+    --miHandles;
+    if (miObjectRefs != 0 && --miObjectRefs == 0) {
+      endObject();
+    }
+    return miHandles == 0;
+  }
+  // Ends the object for all handles.
+  void invalidate() {
+    if (miObjectRefs != 0) {
+      miObjectRefs = 0;
+      endObject();
+    }
+  }
+
+  // cBugException "Invalid shared object dereference!".
+  [[noreturn]] static void throwWrongSharedObjectDereference();
+
+private:
+  // The deletion counts as one more handle, so that the object's destructor
+  // may drop handles to this data without freeing it.
+  void endObject() {
+    if (mbOwns && mpfnDeleter != nullptr) {
+      void* object = mpObject;
+      mpObject = nullptr;
+      ++miHandles;
+      mpfnDeleter(object);
+      --miHandles;
+    }
+  }
+
+  bool mbOwns;
+  unsigned int miObjectRefs;
+  unsigned int miHandles;
+  void* mpObject;
+  tDeleter mpfnDeleter;
+};
+
+}  // namespace qstd
+
+#endif
