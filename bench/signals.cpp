@@ -18,9 +18,10 @@ public:
   virtual ~cAbstractHandler() {}
   virtual void handle(int v) = 0;
 };
+// Not inlined, like a slot called through its connection.
 class cHandler : public cAbstractHandler {
 public:
-  void handle(int v) override { miSum += v; }
+  __attribute__((noinline)) void handle(int v) override { miSum += v; }
   int miSum = 0;
 };
 

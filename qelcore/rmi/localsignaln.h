@@ -40,9 +40,9 @@ public:
   typedef cAbstractSlotCallN<R, A...> tSlotCall;
   typedef std::vector<tSlotCall*> tSlotCalls;
 
-  localSignalN() : miDepth(0), mpEmission(nullptr) {}
+  localSignalN() : mpEmission(nullptr) {}
   ~localSignalN() override {
-    checkNIC(miDepth);
+    checkNIC(emissionDepth());
     // Emissions further up the stack must not touch this object any more.
     for (cEmission* e = mpEmission; e; e = e->mpOuter) e->mbDestroyed = true;
     tSlotCalls calls;
@@ -134,7 +134,7 @@ public:
   unsigned int slotCount() const { return static_cast<unsigned int>(mvSlots.size()); }
   const tSlotCalls& slotCalls() const { return mvSlots; }
   // Emissions of this signal running now (nested ones count each).
-  unsigned int emissionDepth() const { return miDepth; }
+  unsigned int emissionDepth() const { return mpEmission ? mpEmission->miDepth : 0; }
 
 protected:
   qstd::cAsciiString parametersTypeString() const override { return tTypeString<A...>::list(); }
@@ -146,22 +146,25 @@ protected:
   }
 
 private:
-  // One running emission; restores the depth on every way out unless the
-  // signal was destroyed meanwhile.
+  // One running emission, on the emitter's stack. The innermost one holds
+  // the emission depth; leaving it restores the outer one on every way out,
+  // unless the signal was destroyed meanwhile.
   struct cEmission {
-    explicit cEmission(localSignalN& signal) : mpSignal(&signal), mpOuter(signal.mpEmission), mbDestroyed(false) {
-      ++signal.miDepth;
+    explicit cEmission(localSignalN& signal)
+        : mpSignal(&signal),
+          mpOuter(signal.mpEmission),
+          miDepth(signal.mpEmission ? signal.mpEmission->miDepth + 1 : 1),
+          mbDestroyed(false) {
       signal.mpEmission = this;
     }
     ~cEmission() {
-      if (mbDestroyed) return;
-      --mpSignal->miDepth;
-      mpSignal->mpEmission = mpOuter;
+      if (!mbDestroyed) mpSignal->mpEmission = mpOuter;
     }
     cEmission(const cEmission&) = delete;
     cEmission& operator=(const cEmission&) = delete;
     localSignalN* mpSignal;
     cEmission* mpOuter;
+    unsigned int miDepth;
     bool mbDestroyed;
   };
   bool removeSlotsOf(const cConnectable& object) {
@@ -178,7 +181,7 @@ private:
   }
 
   tSlotCalls mvSlots;
-  unsigned int miDepth;
+  // The innermost running emission, or null.
   cEmission* mpEmission;
 };
 
