@@ -209,6 +209,27 @@ TEST(LocalSignalLifetime, DestroyingAReceiverRemovesItsSlotsFromEverySignal) {
   EXPECT_THROW(second(1), qrmi::cUnconnectedSignalException);
 }
 
+TEST(LocalSignalLifetime, ReceiversDestroyedDuringAnEmissionAreSkippedSafely) {
+  tLog log;
+  cReceiver a(log, "a"), d(log, "d");
+  auto* self = new cReceiver(log, "self");
+  auto* later = new cReceiver(log, "later");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  sig.connect(*self, &cReceiver::sltNote);
+  sig.connect(*later, &cReceiver::sltNote);
+  sig.connect(d, &cReceiver::sltNote);
+  // A receiver that deletes itself and a later receiver from its own slot.
+  self->mAction = [&] {
+    delete later;
+    delete self;
+  };
+  sig(1);
+  EXPECT_EQ(log, (tLog{"a:1", "self:1", "d:1"}));
+  EXPECT_EQ(sig.slotCount(), 2u);
+  EXPECT_EQ(sig.emissionDepth(), 0u);
+}
+
 TEST(LocalSignalLifetime, DestroyingASignalDetachesItFromItsReceivers) {
   tLog log;
   cReceiver a(log, "a");
