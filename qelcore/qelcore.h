@@ -54,5 +54,6 @@
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/clitrtable.h"
 #include "qelcore/ucs/cstring.h"
+#include "qelcore/ucs/cutf8stringtokenizer.h"
 
 #endif
