@@ -134,7 +134,11 @@ public:
   unsigned int slotCount() const { return static_cast<unsigned int>(mvSlots.size()); }
   const tSlotCalls& slotCalls() const { return mvSlots; }
   // Emissions of this signal running now (nested ones count each).
-  unsigned int emissionDepth() const { return mpEmission ? mpEmission->miDepth : 0; }
+  unsigned int emissionDepth() const {
+    unsigned int depth = 0;
+    for (const cEmission* e = mpEmission; e; e = e->mpOuter) ++depth;
+    return depth;
+  }
 
 protected:
   qstd::cAsciiString parametersTypeString() const override { return tTypeString<A...>::list(); }
@@ -146,15 +150,11 @@ protected:
   }
 
 private:
-  // One running emission, on the emitter's stack. The innermost one holds
-  // the emission depth; leaving it restores the outer one on every way out,
+  // One running emission, on the emitter's stack; the chain of them is the
+  // emission depth. Leaving it restores the outer one on every way out,
   // unless the signal was destroyed meanwhile.
   struct cEmission {
-    explicit cEmission(localSignalN& signal)
-        : mpSignal(&signal),
-          mpOuter(signal.mpEmission),
-          miDepth(signal.mpEmission ? signal.mpEmission->miDepth + 1 : 1),
-          mbDestroyed(false) {
+    explicit cEmission(localSignalN& signal) : mpSignal(&signal), mpOuter(signal.mpEmission), mbDestroyed(false) {
       signal.mpEmission = this;
     }
     ~cEmission() {
@@ -164,7 +164,6 @@ private:
     cEmission& operator=(const cEmission&) = delete;
     localSignalN* mpSignal;
     cEmission* mpOuter;
-    unsigned int miDepth;
     bool mbDestroyed;
   };
   bool removeSlotsOf(const cConnectable& object) {
