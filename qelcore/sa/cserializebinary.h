@@ -21,7 +21,7 @@ class cAbstractTypeReference;
 
 class QEL_EXPORT cSerializeBinary : public cAbstractSerializer, public cSerializeBinaryShared {
 public:
-  enum StringStoreMode {
+  enum StringStoreMode : unsigned int {
     // Unicode strings as their 32-bit characters (id 11).
     StoreUCS4 = 0,
     // Unicode strings as UTF-8 (id 16).
