@@ -171,6 +171,15 @@ const char* cDeserializeBinary::loadFixedDirect(unsigned int id, unsigned int n)
 }
 
 void cDeserializeBinary::load(qstd::cAsciiString& value) {
+  // No label in front and the whole string there: no guard needed.
+  if (miLimit - miPos >= 8 && get32(mpBytes + miPos) == idAsciiString) {
+    const unsigned int n = get32(mpBytes + miPos + 4);
+    if (n <= miLimit - miPos - 8) {
+      value.setData(mpBytes + miPos + 8, n);
+      miPos += 8 + n;
+      return;
+    }
+  }
   cPosGuard guard(miPos);
   expectTypeId(idAsciiString);
   const unsigned int n = loadU32();

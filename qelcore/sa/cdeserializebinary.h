@@ -41,7 +41,7 @@ public:
 
   void loadBlock(qstd::tArray<char>& block) override;
   void load(qucs::cString& value) override;
-  void load(qstd::cAsciiString& value) override;
+  void load(qstd::cAsciiString& value) final;
   // The fixed-width values are read inline when no label stands in front.
   void load(double& value) final { value = binarybytes::bitsDouble(binarybytes::get64(fixed(idDouble, 8))); }
   void load(bool& value) final { value = binarybytes::get32(fixed(idBool, 4)) != 0; }
@@ -146,6 +146,7 @@ inline cDeserializeBinary& operator<<(double& v, cDeserializeBinary& d) { d.load
 inline cDeserializeBinary& operator<<(long long& v, cDeserializeBinary& d) { d.load(v); return d; }
 inline cDeserializeBinary& operator<<(unsigned long long& v, cDeserializeBinary& d) { d.load(v); return d; }
 inline cDeserializeBinary& operator<<(bool& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(qstd::cAsciiString& v, cDeserializeBinary& d) { d.load(v); return d; }
 
 }  // namespace qsa
 

@@ -145,13 +145,14 @@ void cSerializeBinary::store(const qucs::cString& value) {
 
 void cSerializeBinary::store(const qstd::cAsciiString& value) {
   const unsigned int n = value.size();
-  cPosGuard guard(miPos);
-  char* p = reserve(8);
+  if (n > 0xFFFFFFFFu - 8)
+    qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "store", qstd::OutOfRangeSize, n, 0, 0xFFFFFFFFu - 8);
+  // One reservation for the whole element: nothing can fail after it.
+  char* p = reserveFast(8 + n);
   put32(p, idAsciiString);
   put32(p + 4, n);
-  miPos += 8;
-  storeRaw(value.c_str(), n);
-  guard.commit();
+  if (n) std::memcpy(p + 8, value.c_str(), n);
+  miPos += 8 + n;
 }
 
 void cSerializeBinary::rewind() { miPos = mpCurrent ? mpCurrent->miHeaderEnd : 0; }

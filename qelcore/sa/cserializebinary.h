@@ -38,7 +38,7 @@ public:
 
   void storeBlock(const char* pData, unsigned int iSize) override;
   void store(const qucs::cString& value) override;
-  void store(const qstd::cAsciiString& value) override;
+  void store(const qstd::cAsciiString& value) final;
   // The fixed-width values are written inline; the format is fixed, so a
   // derived archive cannot change them.
   void store(double value) final { putFixed(idDouble, binarybytes::doubleBits(value)); }
@@ -132,6 +132,7 @@ inline cSerializeBinary& operator>>(double v, cSerializeBinary& s) { s.store(v);
 inline cSerializeBinary& operator>>(long long v, cSerializeBinary& s) { s.store(v); return s; }
 inline cSerializeBinary& operator>>(unsigned long long v, cSerializeBinary& s) { s.store(v); return s; }
 inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) { s.store(v); return s; }
 
 }  // namespace qsa
 
