@@ -13,6 +13,11 @@ if(QELCORE_SANITIZE)
   add_link_options(-fsanitize=${QELCORE_SANITIZE})
 endif()
 
+if(QELCORE_LIBFUZZER)
+  # Coverage feedback from the library itself, not only from the fuzz targets.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(MINGW)
   # Windows binaries must start under wine (and on a bare Windows) without the
   # compiler's runtime DLLs beside them.

@@ -54,6 +54,7 @@
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/clitrtable.h"
 #include "qelcore/ucs/cstring.h"
+#include "qelcore/ucs/cutf8stringtokenizer.h"
 
 // std: time values and calendar types
 #include "qelcore/std/cdate.h"

@@ -18,7 +18,7 @@ public:
   enum Level { LevelTrace = 0, LevelDebug = 1, LevelInfo = 2, LevelWarning = 3, LevelError = 4, LevelNone = 5 };
 
   // Most return addresses a captured stack trace holds.
-  static constexpr unsigned int MaxBacktrace = 64;
+  enum : unsigned int { MaxBacktrace = 64 };
 
   // A new output writes every level until setFilter() says otherwise.
   cAbstractOut();

@@ -31,9 +31,8 @@ public:
   enum Type { TypeBug = 0, TypeRuntime = 1 };
   // Flags of createMessage: render the whole chain, indent causes by depth.
   enum MessageFlags { MessageWithHistory = 0x1, MessageIndentHistory = 0x4 };
-  static constexpr unsigned int FileNameSize = 61;
-  static constexpr unsigned int TextSize = 256;
-  static constexpr unsigned int BacktraceSize = 64;
+  // Enumerators rather than static members: usable through a DLL import.
+  enum : unsigned int { FileNameSize = 61, TextSize = 256, BacktraceSize = 64 };
 
   cAbstractException(const char* text, Type type, const char* file, unsigned int line);
   cAbstractException(const cAbstractException& other);

@@ -34,13 +34,21 @@ public:
     toString(value, out, format);
     return out;
   }
-  template <typename I, typename Out>
+  template <typename I>
   static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type
-  toString(I value, Out& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
-    if (std::is_signed<I>::value)
-      appendSigned(static_cast<long long>(value), out, format);
-    else
-      appendUnsigned(static_cast<unsigned long long>(value), out, format);
+  toString(I value, cAsciiString& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
+    appendAny(value, out, format);
+  }
+  template <typename I>
+  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type
+  toString(I value, qucs::cString& out,
+           const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
+    appendAny(value, out, format);
+  }
+  template <typename I>
+  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type
+  toString(I value, tByteArray& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
+    appendAny(value, out, format);
   }
 
   static void appendSigned(long long value, cAsciiString& out, const cNumberConversionFormat& format);
@@ -60,6 +68,16 @@ public:
   static void toStringFromDouble(double value, tByteArray& out,
                                  const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
 
+private:
+  template <typename I, typename Out>
+  static void appendAny(I value, Out& out, const cNumberConversionFormat& format) {
+    if (std::is_signed<I>::value)
+      appendSigned(static_cast<long long>(value), out, format);
+    else
+      appendUnsigned(static_cast<unsigned long long>(value), out, format);
+  }
+
+public:
   // Text to integer; an invalid character throws cRuntimeException
   // "Invalid decimal number ..." with its index.
   static long long fromString(const cAsciiString& text,

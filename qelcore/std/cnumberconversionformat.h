@@ -13,7 +13,7 @@ class cAsciiString;
 class QEL_EXPORT cNumberConversionFormat {
 public:
   enum DigitCase { UpperCase = 0, LowerCase = 1 };
-  static constexpr unsigned int DigitSymbolCount = 37;  // 36 symbols and a terminating zero
+  enum : unsigned int { DigitSymbolCount = 37 };  // 36 symbols and a terminating zero
 
   explicit cNumberConversionFormat(unsigned int base = 10);
   cNumberConversionFormat(const cNumberConversionFormat& other);

@@ -22,9 +22,9 @@
 #include "qelcore/std/tarrayops.h"
 
 #if defined(__GNUC__)
-#define QELCORE_STD_TARRAY_NOINLINE __attribute__((noinline))
+#define QELCORE_STD_TARRAY_LIKELY(x) __builtin_expect(!!(x), 1)
 #else
-#define QELCORE_STD_TARRAY_NOINLINE
+#define QELCORE_STD_TARRAY_LIKELY(x) (x)
 #endif
 
 namespace qstd {
@@ -39,28 +39,28 @@ public:
 
   static constexpr unsigned int DefaultGrowStep = 5;
 
-  tArray() : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+  tArray() : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     resizePool(0, false);
   }
   // `n` elements of unspecified content.
   explicit tArray(unsigned int n)
-      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     resizePool(n, false);
   }
   // Copies a run terminated by a zero element.
-  tArray(const T* pFrom) : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+  tArray(const T* pFrom) : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     QEL_ASSERT(pFrom != 0, "std/tarray");
     initFrom(pFrom, arrayops::terminatedLength(pFrom));
   }
   tArray(const T* pFrom, unsigned int n)
-      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true) {
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     if (n > 0) {
       QEL_ASSERT(pFrom != 0, "std/tarray");
     }
     initFrom(pFrom, n);
   }
   tArray(const tArray& other)
-      : mpPool(nullptr), miPoolSize(0), miGrowStep(other.miGrowStep), miSize(0), mbFitOnErase(other.mbFitOnErase) {
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(other.miGrowStep), miSize(0), mbFitOnErase(other.mbFitOnErase), miAllocated(0) {
     initFrom(other.mpPool, other.miSize);
   }
   // Takes the pool over; `other` is left empty without a pool.
@@ -69,10 +69,12 @@ public:
         miPoolSize(other.miPoolSize),
         miGrowStep(other.miGrowStep),
         miSize(other.miSize),
-        mbFitOnErase(other.mbFitOnErase) {
+        mbFitOnErase(other.mbFitOnErase),
+        miAllocated(other.miAllocated) {
     other.mpPool = nullptr;
     other.miPoolSize = 0;
     other.miSize = 0;
+    other.miAllocated = 0;
   }
   ~tArray() override { std::free(mpPool); }
 
@@ -107,6 +109,9 @@ public:
     const bool b = mbFitOnErase;
     mbFitOnErase = other.mbFitOnErase;
     other.mbFitOnErase = b;
+    u = miAllocated;
+    miAllocated = other.miAllocated;
+    other.miAllocated = u;
   }
 
   // Size 0 with a fitting pool (a string keeps one slot), whatever the
@@ -187,7 +192,7 @@ public:
   // Returns the index of the new element.
   unsigned int append(const T& value) {
     const unsigned int at = miSize;
-    if (miPoolSize > at) {
+    if (QELCORE_STD_TARRAY_LIKELY(miPoolSize > at)) {
       mpPool[at] = value;
       miSize = at + 1;
       if (Traits::Terminated) {
@@ -206,7 +211,7 @@ public:
     if (n == 0) {
       return at;
     }
-    if (miPoolSize >= at + n && at + n > at) {
+    if (QELCORE_STD_TARRAY_LIKELY(miPoolSize >= at + n && at + n > at)) {
       std::memcpy(mpPool + at, pFrom, static_cast<std::size_t>(n) * sizeof(T));
       miSize = at + n;
       if (Traits::Terminated) {
@@ -534,14 +539,29 @@ private:
     copyElements(mpPool, pFrom, n);
   }
 
-  // realloc keeps the content up to the smaller of both sizes, which is all a
-  // resize needs to keep, and extends in place where it can.
+  // The pool size is what the sector rule says. Underneath, an allocation
+  // that has to grow again and again takes half as much again as it holds,
+  // so that appending element by element costs amortised constant time; a
+  // fitting resize allocates exactly. realloc keeps the content up to the
+  // smaller size, which is all a resize needs to keep.
   void reallocatePool(unsigned int target) {
-    const std::size_t bytes = (static_cast<std::size_t>(target) + Traits::ExtraElements) * sizeof(T);
+    if (target > miPoolSize && target <= miAllocated) {
+      miPoolSize = target;
+      return;
+    }
+    unsigned int allocate = target;
+    if (target > miPoolSize && miPoolSize > 0) {
+      const std::uint64_t ahead = static_cast<std::uint64_t>(miAllocated) + miAllocated / 2;
+      if (ahead > target && ahead < 0xFFFFFFF0u) {
+        allocate = sizeToSectors(static_cast<unsigned int>(ahead));
+      }
+    }
+    const std::size_t bytes = (static_cast<std::size_t>(allocate) + Traits::ExtraElements) * sizeof(T);
     if (bytes == 0) {
       std::free(mpPool);
       mpPool = nullptr;
       miPoolSize = 0;
+      miAllocated = 0;
       return;
     }
     T* pool = static_cast<T*>(std::realloc(mpPool, bytes));
@@ -550,6 +570,7 @@ private:
     }
     mpPool = pool;
     miPoolSize = target;
+    miAllocated = allocate;
   }
 
   // Grows by n and moves the elements from `at` on n places up.
@@ -559,14 +580,14 @@ private:
     std::memmove(mpPool + at + n, mpPool + at, static_cast<std::size_t>(oldSize - at) * sizeof(T));
   }
 
-  QELCORE_STD_TARRAY_NOINLINE unsigned int appendSlow(T value) {
+  unsigned int appendSlow(T value) {
     const unsigned int at = miSize;
     arrayops::checkGrowth("tArray", "append", at, 1);
     resizePool(at + 1, false);
     mpPool[at] = value;
     return at;
   }
-  QELCORE_STD_TARRAY_NOINLINE unsigned int appendSlow(const T* pFrom, unsigned int n) {
+  unsigned int appendSlow(const T* pFrom, unsigned int n) {
     const unsigned int at = miSize;
     arrayops::checkGrowth("tArray", "append", at, n);
     if (insidePool(pFrom)) {
@@ -583,6 +604,7 @@ private:
   unsigned int miGrowStep;
   unsigned int miSize;
   bool mbFitOnErase;
+  unsigned int miAllocated;  // elements the allocation holds (>= miPoolSize)
 };
 
 template <typename T, typename Traits>

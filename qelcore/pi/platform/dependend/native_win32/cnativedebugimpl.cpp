@@ -10,8 +10,13 @@ unsigned int cNativeDebugImpl::captureBacktrace(std::uintptr_t* frames, unsigned
   void* raw[62];  // the capture call takes at most 62 frames on older systems
   if (max > 62) max = 62;
   USHORT got = ::RtlCaptureStackBackTrace(static_cast<DWORD>(skip + 1), static_cast<DWORD>(max), raw, nullptr);
-  for (USHORT i = 0; i < got; ++i) frames[i] = reinterpret_cast<std::uintptr_t>(raw[i]);
-  return got;
+  // Some implementations report the outermost frames as null addresses.
+  unsigned int n = 0;
+  while (n < got && raw[n] != nullptr) {
+    frames[n] = reinterpret_cast<std::uintptr_t>(raw[n]);
+    ++n;
+  }
+  return n;
 }
 
 void cNativeDebugImpl::describeAddress(std::uintptr_t address, std::string& out) {

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cbugexception.h"
+#include "qelcore/std/cnumberconversionformat.h"
+#include "qelcore/ucs/clilocale.h"
+#include "qelcore/ucs/climessage.h"
+#include "qelcore/ucs/clitrtable.h"
+#include "qelcore/ucs/cstring.h"
+
+using qstd::cAsciiString;
+using qucs::cLIMessage;
+using qucs::cString;
+
+namespace {
+
+std::string plain(const cLIMessage& m) {
+  cAsciiString out;
+  m.untranslated(out);
+  return out.c_str();
+}
+
+std::string translated(const cLIMessage& m, const char* translation) {
+  cString out;
+  m.translate(cString(translation), out);
+  return out.ascii('?').c_str();
+}
+
+}  // namespace
+
+TEST(LIMessage, TemplateAndMarkers) {
+  cLIMessage m;
+  m << "$QTR$File %file% exists!" << "a.txt";
+  EXPECT_STREQ(m.key().c_str(), "File %file% exists!");
+  EXPECT_TRUE(m.isTranslatable());
+  EXPECT_EQ(plain(m), "File a.txt exists!");
+  ASSERT_EQ(m.paramCount(), 1u);
+  EXPECT_STREQ(m.paramName(0).c_str(), "%file");
+  EXPECT_EQ(m.paramKind(0), cLIMessage::ParamText);
+  EXPECT_EQ(m.scanPosition(), 11u);
+
+  cLIMessage fixed("$QNTR$Always %x%");
+  fixed << 1;
+  EXPECT_FALSE(fixed.isTranslatable());
+  EXPECT_EQ(translated(fixed, "Immer %x%"), "Always 1");
+
+  cLIMessage bare("no marker");
+  EXPECT_TRUE(bare.isTranslatable());
+  EXPECT_STREQ(bare.key().c_str(), "no marker");
+
+  // A cString is always a value, never the template.
+  cLIMessage valueFirst;
+  valueFirst << cString("v") << "T %a%" << "x";
+  EXPECT_STREQ(valueFirst.key().c_str(), "T %a%");
+  EXPECT_EQ(plain(valueFirst), "T x");
+}
+
+TEST(LIMessage, BindingAndRendering) {
+  cLIMessage swapped("$QTR$%first% before %second%");
+  swapped << "A" << "B";
+  EXPECT_EQ(translated(swapped, "%second% after %first%, %first% again"), "B after A, A again");
+  EXPECT_EQ(translated(swapped, "%unknown%"), "???");
+
+  cLIMessage surplus("$QTR$%a%-%b%");
+  surplus << 1 << 2 << 3;
+  EXPECT_EQ(plain(surplus), "1-2");
+  EXPECT_EQ(surplus.paramCount(), 2u);
+  cLIMessage missing("$QTR$%a%-%b%");
+  missing << 1;
+  EXPECT_EQ(plain(missing), "1-???");
+
+  // Blank-ended and unterminated placeholders, and "%%" (name "%").
+  cLIMessage shapes("$QTR$%a b %c %%!");
+  shapes << "1" << "2" << "3";
+  EXPECT_STREQ(shapes.paramName(0).c_str(), "%a");
+  EXPECT_STREQ(shapes.paramName(2).c_str(), "%");
+  EXPECT_EQ(plain(shapes), "1 b 2 3!");
+  cLIMessage open("$QTR$x %tail");
+  open << "T";
+  EXPECT_EQ(plain(open), "x T");
+
+  // Values are literal; template escapes are resolved.
+  cLIMessage literal("$QTR$\\%%v% and \\\\ %w%");
+  literal << "50% \\n" << "%v%";
+  EXPECT_EQ(plain(literal), "%50% \\n and \\ %v%");
+  EXPECT_STREQ(literal.paramName(0).c_str(), "%v");
+
+  // Same names bind in template order and the first one wins.
+  cLIMessage twice("$QTR$%n% %n%");
+  twice << "one" << "two";
+  EXPECT_EQ(plain(twice), "one one");
+
+  // Non-ASCII in the key renders as '?', names included.
+  cLIMessage wide("$QTR$\xe9 %\xe9%");
+  wide << "v";
+  EXPECT_EQ(plain(wide), "? v");
+}
+
+TEST(LIMessage, NumbersAndFormat) {
+  cLIMessage m("$QTR$%a% %b% %c% %d% %e%");
+  m << -5 << 255u;
+  qstd::cNumberConversionFormat hex(16);
+  hex.setFixedWidth(4);
+  m << hex << 255LL << 0.5;
+  ASSERT_NE(m.numberConversionFormat(), nullptr);
+  EXPECT_EQ(m.numberConversionFormat()->base(), 16u);
+  hex.setBase(2);
+  m << hex << 5ULL;
+  EXPECT_EQ(plain(m), "-5 255 00ff 0.5 0101");
+  EXPECT_EQ(m.paramKind(0), cLIMessage::ParamInteger);
+  EXPECT_EQ(m.paramKind(3), cLIMessage::ParamDouble);
+}
+
+TEST(LIMessage, CopiesAreIndependent) {
+  cLIMessage a("$QTR$%x% %y%");
+  a << "1";
+  cLIMessage b(a);
+  b << "2";
+  EXPECT_EQ(plain(a), "1 ???");
+  EXPECT_EQ(plain(b), "1 2");
+  a = b;
+  b << qstd::cNumberConversionFormat(8);
+  EXPECT_EQ(a.numberConversionFormat(), nullptr);
+  a.swap(b);
+  EXPECT_NE(a.numberConversionFormat(), nullptr);
+}
+
+TEST(LIMessage, LocaleTranslatesThroughItsTable) {
+  qucs::cLITrTable table;
+  table.add(cAsciiString("Hello %who%!"), cString("Hallo %who%!"));
+  EXPECT_NE(table.has(cAsciiString("Hello %who%!")), nullptr);
+  EXPECT_EQ(table.has(cAsciiString("Bye")), nullptr);
+  EXPECT_THROW(table.find(cAsciiString("Bye")), qstd::cBugException);
+  qucs::cLILocale de(cAsciiString("de_DE"), table);
+  EXPECT_STREQ(de.name().c_str(), "de_DE");
+
+  cLIMessage hello("$QTR$Hello %who%!");
+  hello << "Welt";
+  cString out;
+  EXPECT_TRUE(de.translate(hello, out));
+  EXPECT_TRUE(out == "Hallo Welt!");
+  cLIMessage other("$QTR$Bye %who%");
+  other << "x";
+  EXPECT_FALSE(de.translate(other, out));
+  EXPECT_TRUE(out == "Bye x");
+  cLIMessage fixed("$QNTR$Hello %who%!");
+  fixed << "Welt";
+  EXPECT_TRUE(de.translate(fixed, out));
+  EXPECT_TRUE(out == "Hello Welt!");
+}
