@@ -268,7 +268,7 @@ void cEnDecUTF8::encode(const cString& text, qstd::tArray<char>& out) const {
       p += 8;
       continue;
     }
-    if (dstEnd - dst >= 8 * 4) {
+    if (dstEnd - dst >= 8 * 5) {
       for (unsigned int j = 0; j < 8; ++j)
         dst = p[j] < 200000u ? writeCharNoBranch(p[j], dst) : writeChar(p[j], dst);
     } else {
