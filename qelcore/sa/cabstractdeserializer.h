@@ -79,6 +79,32 @@ inline cAbstractDeserializer& operator<<(unsigned long long& v, cAbstractDeseria
 inline cAbstractDeserializer& operator<<(bool& v, cAbstractDeserializer& d) { d.load(v); return d; }
 // A byte array is loaded as one block.
 inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeserializer& d) { d.loadBlock(v); return d; }
+// Other arrays, as their writer stored them ("Grow", then "Data"). The
+// array changes only when all of it was read.
+template <class T, class Traits>
+cAbstractDeserializer& operator<<(qstd::tArray<T, Traits>& v, cAbstractDeserializer& d) {
+  unsigned int growStep = 0;
+  growStep << d;
+  qstd::tArray<T, Traits> read;
+  read.setGrowStep(growStep);
+  if constexpr (sizeof(T) == 1) {
+    qstd::tArray<char> block;
+    d.loadBlock(block);
+    if (block.size()) read.setData(reinterpret_cast<const T*>(block.data()), block.size());
+  } else {
+    unsigned int n = 0;
+    n << d;
+    // Elements are appended as they are read: the count alone allocates nothing.
+    for (unsigned int i = 0; i < n; ++i) {
+      T element;
+      element << d;
+      read.append(element);
+    }
+  }
+  v.swap(read);
+  return d;
+}
+
 // Loads every entry of the frame, in order, into the values it refers to.
 QEL_EXPORT cAbstractDeserializer& operator<<(cReferenceFrame& frame, cAbstractDeserializer& d);
 

@@ -10,12 +10,10 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
+#include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayref.h"
 
-namespace qstd {
-class cAsciiString;
-}
 namespace qucs {
 class cString;
 }
@@ -81,6 +79,23 @@ inline cAbstractSerializer& operator>>(const qstd::tArray<char>& v, cAbstractSer
   return s;
 }
 cAbstractSerializer& operator>>(const char*, cAbstractSerializer&) = delete;
+
+// Other arrays: the labelled items "Grow" (the grow step) and "Data" (the
+// element count, then the elements; bytes as one block).
+template <class T, class Traits>
+cAbstractSerializer& operator>>(const qstd::tArray<T, Traits>& v, cAbstractSerializer& s) {
+  const bool labels = !s.noLabelsPreferred();
+  if (labels) s.newLabel("Grow");
+  s.store(v.growStep());
+  if (labels) s.newLabel("Data");
+  if constexpr (sizeof(T) == 1) {
+    s.storeBlock(v.size() ? reinterpret_cast<const char*>(v.data()) : 0, v.size());
+  } else {
+    s.store(v.size());
+    for (unsigned int i = 0; i < v.size(); ++i) v[i] >> s;
+  }
+  return s;
+}
 
 }  // namespace qsa
 

@@ -154,14 +154,8 @@ void cDeserializeBinary::expectTypeId(unsigned int id) {
   if (got != id) throwMissmatch(idToString(id), got);
 }
 
-// One fixed-size element. The common case (no label in front, bytes
-// available) takes no guard.
+// One fixed-size element behind labels, or a failure (the inline path took the rest).
 const char* cDeserializeBinary::loadFixed(unsigned int id, unsigned int n) {
-  if (miLimit - miPos >= 4 + n && get32(mpBytes + miPos) == id) {
-    const char* p = mpBytes + miPos + 4;
-    miPos += 4 + n;
-    return p;
-  }
   cPosGuard guard(miPos);
   expectTypeId(id);
   const char* p = loadRaw(n);
@@ -176,20 +170,16 @@ const char* cDeserializeBinary::loadFixedDirect(unsigned int id, unsigned int n)
   return loadRaw(n);
 }
 
-void cDeserializeBinary::load(double& value) { value = bitsDouble(get64(loadFixed(idDouble, 8))); }
-void cDeserializeBinary::load(bool& value) { value = get32(loadFixed(idBool, 4)) != 0; }
-void cDeserializeBinary::load(long long& value) {
-  value = static_cast<long long>(get64(loadFixed(idInt64, 8)));
-}
-void cDeserializeBinary::load(unsigned long long& value) { value = get64(loadFixed(idUInt64, 8)); }
-void cDeserializeBinary::load(int& value) { value = static_cast<int>(get32(loadFixed(idInt32, 4))); }
-void cDeserializeBinary::load(unsigned int& value) { value = get32(loadFixed(idUInt32, 4)); }
-void cDeserializeBinary::load(short& value) { value = static_cast<short>(get16(loadFixed(idInt16, 2))); }
-void cDeserializeBinary::load(unsigned short& value) { value = get16(loadFixed(idUInt16, 2)); }
-void cDeserializeBinary::load(unsigned char& value) { value = static_cast<unsigned char>(*loadFixed(idUChar, 1)); }
-void cDeserializeBinary::load(char& value) { value = *loadFixed(idChar, 1); }
-
 void cDeserializeBinary::load(qstd::cAsciiString& value) {
+  // No label in front and the whole string there: no guard needed.
+  if (miLimit - miPos >= 8 && get32(mpBytes + miPos) == idAsciiString) {
+    const unsigned int n = get32(mpBytes + miPos + 4);
+    if (n <= miLimit - miPos - 8) {
+      value.setData(mpBytes + miPos + 8, n);
+      miPos += 8 + n;
+      return;
+    }
+  }
   cPosGuard guard(miPos);
   expectTypeId(idAsciiString);
   const unsigned int n = loadU32();

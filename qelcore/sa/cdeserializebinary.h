@@ -11,6 +11,7 @@
 
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cbinarybytes.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/sa/csbinaryloadcontextdata.h"
 #include "qelcore/std/casciistring.h"
@@ -40,17 +41,18 @@ public:
 
   void loadBlock(qstd::tArray<char>& block) override;
   void load(qucs::cString& value) override;
-  void load(qstd::cAsciiString& value) override;
-  void load(double& value) override;
-  void load(bool& value) override;
-  void load(long long& value) override;
-  void load(unsigned long long& value) override;
-  void load(int& value) override;
-  void load(unsigned int& value) override;
-  void load(short& value) override;
-  void load(unsigned short& value) override;
-  void load(unsigned char& value) override;
-  void load(char& value) override;
+  void load(qstd::cAsciiString& value) final;
+  // The fixed-width values are read inline when no label stands in front.
+  void load(double& value) final { value = binarybytes::bitsDouble(binarybytes::get64(fixed(idDouble, 8))); }
+  void load(bool& value) final { value = binarybytes::get32(fixed(idBool, 4)) != 0; }
+  void load(long long& value) final { value = static_cast<long long>(binarybytes::get64(fixed(idInt64, 8))); }
+  void load(unsigned long long& value) final { value = binarybytes::get64(fixed(idUInt64, 8)); }
+  void load(int& value) final { value = static_cast<int>(binarybytes::get32(fixed(idInt32, 4))); }
+  void load(unsigned int& value) final { value = binarybytes::get32(fixed(idUInt32, 4)); }
+  void load(short& value) final { value = static_cast<short>(binarybytes::get16(fixed(idInt16, 2))); }
+  void load(unsigned short& value) final { value = binarybytes::get16(fixed(idUInt16, 2)); }
+  void load(unsigned char& value) final { value = static_cast<unsigned char>(*fixed(idUChar, 1)); }
+  void load(char& value) final { value = *fixed(idChar, 1); }
 
   // Where the bytes of the next block start and how many there are; moves nothing.
   void getNextBlockInfo(unsigned int& position, unsigned long long& size);
@@ -98,6 +100,14 @@ private:
 
   unsigned int getNextTypeId(bool bSkipLabels);
   const char* loadFixed(unsigned int id, unsigned int n);
+  const char* fixed(unsigned int id, unsigned int n) {
+    if (miLimit - miPos >= 4 + n && binarybytes::get32(mpBytes + miPos) == id) {
+      const char* p = mpBytes + miPos + 4;
+      miPos += 4 + n;
+      return p;
+    }
+    return loadFixed(id, n);
+  }
   const char* loadFixedDirect(unsigned int id, unsigned int n);
   const char* loadBlockHeader(unsigned long long& size);
   void readContextHeader(sContextHeader& header);
@@ -124,6 +134,19 @@ private:
   unsigned int miLimit;
   qstd::cAsciiString mLastLabel;
 };
+
+// Loading from a binary archive by its own type reads inline.
+inline cDeserializeBinary& operator<<(char& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(unsigned char& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(short& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(unsigned short& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(int& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(unsigned int& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(double& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(long long& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(unsigned long long& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(bool& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(qstd::cAsciiString& v, cDeserializeBinary& d) { d.load(v); return d; }
 
 }  // namespace qsa
 

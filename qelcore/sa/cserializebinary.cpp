@@ -145,83 +145,14 @@ void cSerializeBinary::store(const qucs::cString& value) {
 
 void cSerializeBinary::store(const qstd::cAsciiString& value) {
   const unsigned int n = value.size();
-  cPosGuard guard(miPos);
-  char* p = reserve(8);
+  if (n > 0xFFFFFFFFu - 8)
+    qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "store", qstd::OutOfRangeSize, n, 0, 0xFFFFFFFFu - 8);
+  // One reservation for the whole element: nothing can fail after it.
+  char* p = reserveFast(8 + n);
   put32(p, idAsciiString);
   put32(p + 4, n);
-  miPos += 8;
-  storeRaw(value.c_str(), n);
-  guard.commit();
-}
-
-void cSerializeBinary::store(double value) {
-  char* p = reserve(12);
-  put32(p, idDouble);
-  put64(p + 4, doubleBits(value));
-  miPos += 12;
-}
-
-void cSerializeBinary::store(bool value) {
-  char* p = reserve(8);
-  put32(p, idBool);
-  put32(p + 4, value ? 1 : 0);
-  miPos += 8;
-}
-
-void cSerializeBinary::store(long long value) {
-  char* p = reserve(12);
-  put32(p, idInt64);
-  put64(p + 4, static_cast<unsigned long long>(value));
-  miPos += 12;
-}
-
-void cSerializeBinary::store(unsigned long long value) {
-  char* p = reserve(12);
-  put32(p, idUInt64);
-  put64(p + 4, value);
-  miPos += 12;
-}
-
-void cSerializeBinary::store(int value) {
-  char* p = reserve(8);
-  put32(p, idInt32);
-  put32(p + 4, static_cast<unsigned int>(value));
-  miPos += 8;
-}
-
-void cSerializeBinary::store(unsigned int value) {
-  char* p = reserve(8);
-  put32(p, idUInt32);
-  put32(p + 4, value);
-  miPos += 8;
-}
-
-void cSerializeBinary::store(short value) {
-  char* p = reserve(6);
-  put32(p, idInt16);
-  put16(p + 4, static_cast<unsigned short>(value));
-  miPos += 6;
-}
-
-void cSerializeBinary::store(unsigned short value) {
-  char* p = reserve(6);
-  put32(p, idUInt16);
-  put16(p + 4, value);
-  miPos += 6;
-}
-
-void cSerializeBinary::store(char value) {
-  char* p = reserve(5);
-  put32(p, idChar);
-  p[4] = value;
-  miPos += 5;
-}
-
-void cSerializeBinary::store(unsigned char value) {
-  char* p = reserve(5);
-  put32(p, idUChar);
-  p[4] = static_cast<char>(value);
-  miPos += 5;
+  if (n) std::memcpy(p + 8, value.c_str(), n);
+  miPos += 8 + n;
 }
 
 void cSerializeBinary::rewind() { miPos = mpCurrent ? mpCurrent->miHeaderEnd : 0; }

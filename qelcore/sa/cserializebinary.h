@@ -10,6 +10,7 @@
 
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/sa/cbinarybytes.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/sa/csbinarystorecontextdata.h"
 #include "qelcore/std/tarray.h"
@@ -21,7 +22,7 @@ class cAbstractTypeReference;
 
 class QEL_EXPORT cSerializeBinary : public cAbstractSerializer, public cSerializeBinaryShared {
 public:
-  enum StringStoreMode {
+  enum StringStoreMode : unsigned int {
     // Unicode strings as their 32-bit characters (id 11).
     StoreUCS4 = 0,
     // Unicode strings as UTF-8 (id 16).
@@ -37,17 +38,19 @@ public:
 
   void storeBlock(const char* pData, unsigned int iSize) override;
   void store(const qucs::cString& value) override;
-  void store(const qstd::cAsciiString& value) override;
-  void store(double value) override;
-  void store(bool value) override;
-  void store(long long value) override;
-  void store(unsigned long long value) override;
-  void store(int value) override;
-  void store(unsigned int value) override;
-  void store(short value) override;
-  void store(unsigned short value) override;
-  void store(char value) override;
-  void store(unsigned char value) override;
+  void store(const qstd::cAsciiString& value) final;
+  // The fixed-width values are written inline; the format is fixed, so a
+  // derived archive cannot change them.
+  void store(double value) final { putFixed(idDouble, binarybytes::doubleBits(value)); }
+  void store(bool value) final { putFixed(idBool, value ? 1u : 0u); }
+  void store(long long value) final { putFixed(idInt64, static_cast<unsigned long long>(value)); }
+  void store(unsigned long long value) final { putFixed(idUInt64, value); }
+  void store(int value) final { putFixed(idInt32, static_cast<unsigned int>(value)); }
+  void store(unsigned int value) final { putFixed(idUInt32, value); }
+  void store(short value) final { putFixed(idInt16, static_cast<unsigned short>(value)); }
+  void store(unsigned short value) final { putFixed(idUInt16, value); }
+  void store(char value) final { putFixed(idChar, static_cast<unsigned char>(value)); }
+  void store(unsigned char value) final { putFixed(idUChar, value); }
   using cAbstractSerializer::store;
 
   // Back to the first element of the open context, or of the archive.
@@ -78,6 +81,35 @@ private:
 
   // Makes room for n bytes at the write position; returns where they go.
   char* reserve(unsigned int n);
+  char* reserveFast(unsigned int n) {
+    const unsigned int end = miPos + n;
+    if (end >= miPos && end <= mrData.size()) return mrData.begin() + miPos;
+    return reserve(n);
+  }
+  void putFixed(unsigned int id, unsigned char v) {
+    char* p = reserveFast(5);
+    binarybytes::put32(p, id);
+    p[4] = static_cast<char>(v);
+    miPos += 5;
+  }
+  void putFixed(unsigned int id, unsigned short v) {
+    char* p = reserveFast(6);
+    binarybytes::put32(p, id);
+    binarybytes::put16(p + 4, v);
+    miPos += 6;
+  }
+  void putFixed(unsigned int id, unsigned int v) {
+    char* p = reserveFast(8);
+    binarybytes::put32(p, id);
+    binarybytes::put32(p + 4, v);
+    miPos += 8;
+  }
+  void putFixed(unsigned int id, unsigned long long v) {
+    char* p = reserveFast(12);
+    binarybytes::put32(p, id);
+    binarybytes::put64(p + 4, v);
+    miPos += 12;
+  }
   void storeTypeId(unsigned int id);
   void storeRaw(const char* p, unsigned int n);
   void detachContexts();
@@ -88,6 +120,19 @@ private:
   cSBinaryStoreContextData* mpCurrent;
   StringStoreMode meStringStoreMode;
 };
+
+// Streaming into a binary archive by its own type writes inline.
+inline cSerializeBinary& operator>>(char v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned char v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(short v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned short v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(int v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned int v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(double v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(long long v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned long long v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) { s.store(v); return s; }
 
 }  // namespace qsa
 

@@ -9,7 +9,7 @@ namespace qsa {
 class QEL_EXPORT cSerializeBinaryShared {
 public:
   // Every element starts with one of these as a 4-byte little-endian number.
-  enum PrivatedTypeIDs {
+  enum PrivatedTypeIDs : unsigned int {
     idInvalid = 0,
     idRawBytes = 1,
     idUChar = 2,

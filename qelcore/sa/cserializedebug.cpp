@@ -62,6 +62,8 @@ public:
 
 cSerializeDebug::cSerializeDebug() : miDepth(0), mbAfterLabel(false), miBlockPreview(16), mpCurrent(0) {
   mText.setGrowStep(10);
+  // text() keeps a terminator just past the end.
+  mText.setFitOnErase(false);
 }
 
 cSerializeDebug::~cSerializeDebug() {

@@ -499,7 +499,7 @@ protected:
     if (Traits::ExtraElements == 0 && newSize == 0) {
       target = 0;
     }
-    if (miPoolSize < target || (fit && miPoolSize > target)) {
+    if (miPoolSize < target || (fit && (miPoolSize > target || miAllocated > target))) {
       reallocatePool(target);
     }
     miSize = newSize;

@@ -18,28 +18,48 @@ inline bool isSurrogate(std::uint32_t c) { return c >= 0xD800u && c <= 0xDFFFu; 
 // Nothing is written before the whole text is known to be encodable.
 unsigned long long countUnits(const std::uint32_t* src, unsigned int n) {
   unsigned long long units = n;
-  for (unsigned int i = 0; i < n; ++i) {
-    const std::uint32_t c = src[i];
-    if (c >= 0xD800u) {
-      if (c > 0x10FFFFu || c <= 0xDFFFu) cUCSExceptions::throwUTF16Unmappable();
-      if (c > 0xFFFFu) ++units;
+  std::uint32_t bad = 0;
+  // Branch-free 32-bit sums over blocks keep the loop vectorizable.
+  for (unsigned int at = 0; at < n;) {
+    const unsigned int end = n - at > 65536 ? at + 65536 : n;
+    unsigned int pairs = 0;
+    for (const std::uint32_t *p = src + at, *e = src + end; p != e; ++p) {
+      const std::uint32_t c = *p;
+      bad |= static_cast<std::uint32_t>(c > 0x10FFFFu) | static_cast<std::uint32_t>(c - 0xD800u < 0x800u);
+      pairs += c > 0xFFFFu;
     }
+    units += pairs;
+    at = end;
   }
+  if (bad != 0) cUCSExceptions::throwUTF16Unmappable();
   return units;
 }
 
-// Writes the units of a checked text through `put(unit)`.
-template <typename Put>
-inline void forEachUnit(const std::uint32_t* src, unsigned int n, Put put) {
-  for (unsigned int i = 0; i < n; ++i) {
-    const std::uint32_t c = src[i];
+// Writes the units of a checked text through `put(unit)`; `direct(i, count)`
+// writes a block of characters that are all single units.
+template <typename Put, typename Direct>
+inline void forEachUnit(const std::uint32_t* src, unsigned int n, Put put, Direct direct) {
+  auto one = [&put](std::uint32_t c) {
     if (c > 0xFFFFu) {
       put(((c - 0x10000u) >> 10) | 0xD800u);
       put(((c - 0x10000u) & 0x3FFu) | 0xDC00u);
     } else {
       put(c);
     }
+  };
+  // Blocks of eight characters: those without a pair go at once, the others
+  // character by character.
+  unsigned int i = 0;
+  for (; n - i >= 8; i += 8) {
+    std::uint32_t high = 0;
+    for (unsigned int j = 0; j < 8; ++j) high |= src[i + j] & 0xFFFF0000u;
+    if (high == 0) {
+      direct(i, 8u);
+    } else {
+      for (unsigned int j = 0; j < 8; ++j) one(src[i + j]);
+    }
   }
+  for (; i < n; ++i) one(src[i]);
 }
 
 // Reads zero-terminated or counted units (through `unit(i)`, already in the
@@ -74,45 +94,61 @@ void cEnDecUTF16::encode(const cString& text, qstd::tArray<unsigned short>& out)
   const std::uint32_t* src = text.data(true);
   const bool mark = (miFlags & FlagByteOrderMark) != 0;
   const bool swapped = (miFlags & FlagBigEndian) != 0;
-  const unsigned long long total = countUnits(src, n) + (mark ? 1 : 0);
+  const unsigned long long units = countUnits(src, n);
+  const unsigned long long total = units + (mark ? 1 : 0);
   if (total > 0xFFFFFFFFull - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF16", "encode");
   if (total == 0) return;
   const unsigned int base = out.appendElements(static_cast<unsigned int>(total));
   unsigned short* dst = out.data() + base;
   if (mark) *dst++ = swapped ? 0xFFFEu : 0xFEFFu;
   if (swapped) {
-    forEachUnit(src, n, [&dst](std::uint32_t u) { *dst++ = swapUnit(u); });
+    forEachUnit(
+        src, n, [&dst](std::uint32_t u) { *dst++ = swapUnit(u); },
+        [&dst, src](unsigned int at, unsigned int count) {
+          for (unsigned int j = 0; j < count; ++j) dst[j] = swapUnit(src[at + j]);
+          dst += count;
+        });
   } else {
-    forEachUnit(src, n, [&dst](std::uint32_t u) { *dst++ = static_cast<unsigned short>(u); });
+    forEachUnit(
+        src, n, [&dst](std::uint32_t u) { *dst++ = static_cast<unsigned short>(u); },
+        [&dst, src](unsigned int at, unsigned int count) {
+          for (unsigned int j = 0; j < count; ++j) dst[j] = static_cast<unsigned short>(src[at + j]);
+          dst += count;
+        });
   }
+}
+
+// Two bytes per unit in the given order.
+template <bool BigEndian>
+void writeBytes(const std::uint32_t* src, unsigned int n, bool mark, unsigned char* dst) {
+  auto put = [&dst](std::uint32_t u) {
+    dst[BigEndian ? 1 : 0] = static_cast<unsigned char>(u);
+    dst[BigEndian ? 0 : 1] = static_cast<unsigned char>(u >> 8);
+    dst += 2;
+  };
+  if (mark) put(0xFEFFu);
+  forEachUnit(src, n, put, [&dst, src](unsigned int at, unsigned int count) {
+    for (unsigned int j = 0; j < count; ++j) {
+      dst[2 * j + (BigEndian ? 1 : 0)] = static_cast<unsigned char>(src[at + j]);
+      dst[2 * j + (BigEndian ? 0 : 1)] = static_cast<unsigned char>(src[at + j] >> 8);
+    }
+    dst += 2 * count;
+  });
 }
 
 void cEnDecUTF16::encode(const cString& text, qstd::tArray<char>& out) const {
   const unsigned int n = text.size();
   const std::uint32_t* src = text.data(true);
   const bool mark = (miFlags & FlagByteOrderMark) != 0;
-  const bool bigEndian = (miFlags & FlagBigEndian) != 0;
   const unsigned long long total = 2 * (countUnits(src, n) + (mark ? 1 : 0));
   if (total > 0xFFFFFFFFull - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF16", "encode");
   if (total == 0) return;
   const unsigned int base = out.appendElements(static_cast<unsigned int>(total));
   unsigned char* dst = reinterpret_cast<unsigned char*>(out.data()) + base;
-  if (bigEndian) {
-    auto put = [&dst](std::uint32_t u) {
-      dst[0] = static_cast<unsigned char>(u >> 8);
-      dst[1] = static_cast<unsigned char>(u);
-      dst += 2;
-    };
-    if (mark) put(0xFEFFu);
-    forEachUnit(src, n, put);
+  if ((miFlags & FlagBigEndian) != 0) {
+    writeBytes<true>(src, n, mark, dst);
   } else {
-    auto put = [&dst](std::uint32_t u) {
-      dst[0] = static_cast<unsigned char>(u);
-      dst[1] = static_cast<unsigned char>(u >> 8);
-      dst += 2;
-    };
-    if (mark) put(0xFEFFu);
-    forEachUnit(src, n, put);
+    writeBytes<false>(src, n, mark, dst);
   }
 }
 

@@ -167,6 +167,9 @@ public:
   template <typename C>
   void render(const C* text, unsigned int length, bool nonAsciiAsQuestion, cString& out) const {
     cString result;
+    // Built character by character: grow in larger sectors meanwhile, then
+    // hand over the usual string layout.
+    result.setGrowStep(6);
     unsigned int pos = 0;
     cPlaceholder p;
     while (findPlaceholder(text, length, pos, p)) {
@@ -178,6 +181,7 @@ public:
       pos = p.miEnd;
     }
     appendUnescaped(result, text, pos, length, nonAsciiAsQuestion);
+    result.setGrowStep(out.growStep());
     out.swap(result);
   }
 };

@@ -129,14 +129,36 @@ TEST(EnDecUTF8, EncodingAppendsAndEncodeCharMatchesEncode) {
   cEnDecUTF8().encode(text({0x41, 0x20AC}), out);
   EXPECT_EQ(units(out), V({0x21, 0x41, 0xE2, 0x82, 0xAC}));
 
-  tBytes one = bytes({0x21});
-  for (unsigned int c : {0x41u, 0xE9u, 0x20ACu, 0x1F600u, 0x30D40u}) {
-    tBytes expected;
-    cEnDecUTF8().encode(text({c}), expected);
-    tBytes got;
-    cEnDecUTF8::encodeChar(c, got);
-    EXPECT_EQ(units(got), units(expected)) << std::hex << c;
+  // Texts long enough for the block-wise paths, with five-byte characters
+  // among the others and at the very end of the output.
+  const unsigned int sample[] = {0x41u, 0xE9u, 0x20ACu, 0x1F600u, 0x30D40u, 0xFFFFFFFFu, 0x7Fu};
+  for (unsigned int len = 1; len < 40; ++len) {
+    for (unsigned int shift = 0; shift < 7; ++shift) {
+      cString s;
+      tBytes expected;
+      for (unsigned int i = 0; i < len; ++i) {
+        const unsigned int c = sample[(i * 3 + shift) % 7];
+        s.append(c);
+        cEnDecUTF8::encodeChar(c, expected);
+      }
+      tBytes got;
+      got.setGrowStep(0);  // exactly sized, so that a store past the end is caught
+      cEnDecUTF8().encode(s, got);
+      ASSERT_EQ(units(got), units(expected)) << len << " " << shift;
+    }
   }
+  // Seven five-byte characters and a short one fill the last block exactly.
+  cString dense;
+  tBytes expected;
+  for (unsigned int i = 0; i < 16; ++i) {
+    const unsigned int c = i % 8 == 7 ? 0x41u : 0x30D40u + i;
+    dense.append(c);
+    cEnDecUTF8::encodeChar(c, expected);
+  }
+  tBytes got;
+  got.setGrowStep(0);
+  cEnDecUTF8().encode(dense, got);
+  EXPECT_EQ(units(got), units(expected));
 }
 
 TEST(EnDecUTF8, RoundTripsBelowTheFiveByteThreshold) {
