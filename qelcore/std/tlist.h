@@ -25,7 +25,7 @@ namespace qstd {
 // What tList does with an entry it removes: values need nothing.
 template <typename T>
 struct tListKeepElement {
-  static void dispose(T&) {}
+  void dispose(T&) const {}
 };
 
 template <typename T, typename Disposer = tListKeepElement<T>>
@@ -99,7 +99,8 @@ public:
       append(v);
     }
   }
-  tList(tList&& other) noexcept : mEntries(std::move(other.mEntries)), miLive(other.miLive) {
+  tList(tList&& other) noexcept
+      : mEntries(std::move(other.mEntries)), miLive(other.miLive), mDisposer(other.mDisposer) {
     other.mEntries.clear();
     other.miLive = 0;
   }
@@ -168,7 +169,7 @@ public:
     if (!it->mbMarked) {
       --miLive;
     }
-    Disposer::dispose(it->mValue);
+    mDisposer.dispose(it->mValue);
     return iterator(mEntries.erase(it), mEntries.end());
   }
   // Marks the entry: walks skip it from now on, purge() removes it.
@@ -184,7 +185,7 @@ public:
     typename tEntries::iterator it = mEntries.begin();
     while (it != mEntries.end()) {
       if (it->mbMarked) {
-        Disposer::dispose(it->mValue);
+        mDisposer.dispose(it->mValue);
         it = mEntries.erase(it);
       } else {
         ++it;
@@ -233,13 +234,14 @@ public:
     old.swap(mEntries);
     miLive = 0;
     for (tEntry& e : old) {
-      Disposer::dispose(e.mValue);
+      mDisposer.dispose(e.mValue);
     }
   }
 
   void swap(tList& other) noexcept {
     mEntries.swap(other.mEntries);
     std::swap(miLive, other.miLive);
+    std::swap(mDisposer, other.mDisposer);
   }
 
 private:
@@ -264,6 +266,9 @@ private:
 
   tEntries mEntries;
   unsigned int miLive;
+
+protected:
+  Disposer mDisposer;
 };
 
 }  // namespace qstd
