@@ -43,7 +43,7 @@ std::string joined(const L& list) {
 TEST(tList, WalkSurvivesEraseLaterOfTheCurrentEntry) {
   qstd::tList<int> list{1, 2, 3, 4, 5};
   for (auto it = list.begin(); it != list.end(); ++it) {
-    if (*it % 2 == 0) list.eraseLater(it);
+    if (*it % 2 == 0) it.eraseLater();
     if (*it == 3) list.append(7);  // reached by this walk
   }
   EXPECT_EQ("1357", joined(list));
