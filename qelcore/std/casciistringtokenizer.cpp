@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "qelcore/std/cstdexceptions.h"
 
 namespace qstd {
 
@@ -47,7 +46,8 @@ bool cAsciiStringTokenizer::hasMoreTokens() const { return mTokenizer.hasMoreTok
 cAsciiString cAsciiStringTokenizer::nextToken() {
   cAsciiString token;
   if (!nextToken(token)) {
-    cSTDExceptions::throwElementNotFound("cAsciiStringTokenizer", "nextToken");
+    mbLastWasKey = false;
+    miLastStart = mText.size();
   }
   return token;
 }
