@@ -56,4 +56,15 @@
 #include "qelcore/ucs/cstring.h"
 #include "qelcore/ucs/cutf8stringtokenizer.h"
 
+// std: time values and calendar types
+#include "qelcore/std/cdate.h"
+#include "qelcore/std/cdatetime.h"
+#include "qelcore/std/ctime.h"
+
+// ucs: encoders and decoders
+#include "qelcore/ucs/cabstractendec.h"
+#include "qelcore/ucs/cendecutf16.h"
+#include "qelcore/ucs/cendecutf8.h"
+#include "qelcore/ucs/cucsexceptions.h"
+
 #endif

@@ -7,6 +7,7 @@
 
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionformat.h"
+#include "qelcore/ucs/cendecutf8.h"
 
 namespace qucs {
 
@@ -108,6 +109,26 @@ qstd::cAsciiString cString::ascii(char replacement) const {
   qstd::cAsciiString out;
   toAscii(out, replacement);
   return out;
+}
+
+// --- UTF-8 --------------------------------------------------------------------
+
+qstd::tArray<char> cString::toUTF8() const {
+  qstd::tArray<char> out;
+  toUTF8(out);
+  return out;
+}
+
+void cString::toUTF8(qstd::tArray<char>& out) const { cEnDecUTF8::defaultEnDec().encode(*this, out); }
+
+cString& cString::fromUTF8(const qstd::tConstArrayRef<char>& bytes) {
+  cString decoded;
+  cEnDecUTF8::defaultEnDec().decode(bytes, decoded);
+  // The decoder reserves a character per byte; give most of it back when the
+  // text was far from ASCII.
+  if (decoded._poolSize() - decoded.size() > decoded.size() / 4 + 64) decoded.optimizeMemory();
+  swap(decoded);
+  return *this;
 }
 
 // --- numbers ------------------------------------------------------------------

@@ -11,6 +11,7 @@
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarraybyteleveltraits.h"
+#include "qelcore/std/tconstarrayref.h"
 
 namespace qstd {
 class cNumberConversionFormat;
@@ -48,6 +49,14 @@ public:
   // Appends one byte per character: itself below 128, else `replacement`.
   void toAscii(qstd::cAsciiString& out, char replacement) const;
   qstd::cAsciiString ascii(char replacement = '?') const;
+
+  // UTF-8 through the system's default encoder. The second form appends to `out`.
+  qstd::tArray<char> toUTF8() const;
+  void toUTF8(qstd::tArray<char>& out) const;
+  // Replaces the content with the decoded bytes. The text is decoded into a
+  // temporary first, so on a decode error the string keeps its content and
+  // the decoder's exception propagates.
+  cString& fromUTF8(const qstd::tConstArrayRef<char>& bytes);
 
   // Numbers through cNumberConversion; without a format the system's default.
   cString& setNum(long long value);

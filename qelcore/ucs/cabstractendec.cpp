@@ -1,0 +1,35 @@
+#include "qelcore/ucs/cabstractendec.h"
+
+#include "qelcore/ucs/cstring.h"
+#include "qelcore/ucs/cucsexceptions.h"
+
+namespace qucs {
+
+cAbstractEnDec::~cAbstractEnDec() {}
+
+void cAbstractEnDec::encode(const cString&, qstd::tArray<unsigned short>&) const {
+  cUCSExceptions::throwNotImplementedEncode16(name());
+}
+
+void cAbstractEnDec::encode(const cString&, qstd::tArray<char>&) const {
+  cUCSExceptions::throwNotImplementedEncode8(name());
+}
+
+void cAbstractEnDec::reEncode(const cString&, cString&) const {}
+
+void cAbstractEnDec::encodeCString(const cString& text, qstd::tArray<char>& out) const {
+  encode(text, out);
+  out.appendElements(4, '\0');
+}
+
+void cAbstractEnDec::decode(const qstd::tConstArrayRef<unsigned short>&, cString&) const {
+  cUCSExceptions::throwNotImplementedDecode16(name());
+}
+
+void cAbstractEnDec::decode(const qstd::tConstArrayRef<char>&, cString&) const {
+  cUCSExceptions::throwNotImplementedDecode8(name());
+}
+
+void cAbstractEnDec::reDecode(const cString&, cString&) const {}
+
+}  // namespace qucs

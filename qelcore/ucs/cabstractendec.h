@@ -1,0 +1,45 @@
+// An encoder/decoder ("endec"): converts a cString of 32-bit characters to
+// bytes or 16-bit units and back. The base implements nothing of the
+// conversions; each subclass overrides the forms its encoding supports, and
+// the others report themselves as not implemented.
+//
+// Encoding and decoding append to the output. A failed decode leaves the
+// characters decoded before the error in the target; callers that need the
+// target unchanged decode into a temporary (as cString::fromUTF8 does).
+//
+// Endecs are passed around as qstd::tSharedObject<const cAbstractEnDec>.
+#ifndef QELCORE_UCS_CABSTRACTENDEC_H
+#define QELCORE_UCS_CABSTRACTENDEC_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/tarray.h"
+#include "qelcore/std/tconstarrayref.h"
+
+namespace qucs {
+
+class cString;
+
+class QEL_EXPORT cAbstractEnDec {
+public:
+  virtual ~cAbstractEnDec();
+
+  virtual qstd::cAsciiString name() const = 0;
+  // To 16-bit units.
+  virtual void encode(const cString& text, qstd::tArray<unsigned short>& out) const;
+  // To bytes.
+  virtual void encode(const cString& text, qstd::tArray<char>& out) const;
+  virtual void reEncode(const cString& text, cString& out) const;
+  // The byte encoding followed by four zero bytes, enough to terminate the
+  // text for any unit width.
+  virtual void encodeCString(const cString& text, qstd::tArray<char>& out) const;
+  // From 16-bit units.
+  virtual void decode(const qstd::tConstArrayRef<unsigned short>& units, cString& out) const;
+  // From bytes.
+  virtual void decode(const qstd::tConstArrayRef<char>& bytes, cString& out) const;
+  virtual void reDecode(const cString& text, cString& out) const;
+};
+
+}  // namespace qucs
+
+#endif
