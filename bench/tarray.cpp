@@ -1,13 +1,14 @@
 // Byte arrays against the standard containers: appending one byte at a time
 // (sector growth against doubling) and searching a 16-byte needle in 1 MiB.
-#include <benchmark/benchmark.h>
+#include "qelcore/std/tarray.h"
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include <benchmark/benchmark.h>
+
 #include "benchutil.h"
-#include "qelcore/std/tarray.h"
 
 namespace {
 
