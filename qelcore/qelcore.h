@@ -67,4 +67,28 @@
 #include "qelcore/ucs/cendecutf8.h"
 #include "qelcore/ucs/cucsexceptions.h"
 
+// std: build information
+#include "qelcore/std/cbuildinfo.h"
+
+// sa: archives
+#include "qelcore/sa/cabstractcontextdata.h"
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/sa/cabstracttypereference.h"
+#include "qelcore/sa/ccontext.h"
+#include "qelcore/sa/ccontextref.h"
+#include "qelcore/sa/cdeserializebinary.h"
+#include "qelcore/sa/clabeledtypemissmatchexception.h"
+#include "qelcore/sa/creferenceframe.h"
+#include "qelcore/sa/csaexceptionfactory.h"
+#include "qelcore/sa/csaexceptions.h"
+#include "qelcore/sa/csbinaryloadcontextdata.h"
+#include "qelcore/sa/csbinarystorecontextdata.h"
+#include "qelcore/sa/cserializebinary.h"
+#include "qelcore/sa/cserializebinaryshared.h"
+#include "qelcore/sa/cserializedebug.h"
+#include "qelcore/sa/cserializetotypestring.h"
+#include "qelcore/sa/ctypereference.h"
+#include "qelcore/sa/pitypes.h"
+
 #endif

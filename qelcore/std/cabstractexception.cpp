@@ -6,7 +6,11 @@
 #include <utility>
 
 #include "qelcore/pi/cabstractout.h"
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/std/cabstractexceptionfactory.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cstdexceptions.h"
 #include "qelcore/ucs/clilocale.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
@@ -182,6 +186,61 @@ void cAbstractException::createMessage(qucs::cString& out, const qucs::cString& 
     }
   }
   out.swap(result);
+}
+
+void cAbstractException::store(qsa::cAbstractSerializer& s) const {
+  typeName() >> s;
+  static_cast<int>(meType) >> s;
+  mbOutOfMemory >> s;
+}
+
+void cAbstractException::load(qsa::cAbstractDeserializer& d) {
+  int type = 0;
+  bool outOfMemory = false;
+  type << d;
+  outOfMemory << d;
+  if (type != TypeBug && type != TypeRuntime)
+    cSTDExceptions::throwOutOfRange("cAbstractException", "load", OutOfRangeValue, type, TypeBug, TypeRuntime);
+  meType = static_cast<Type>(type);
+  mbOutOfMemory = outOfMemory;
+}
+
+void cAbstractException::storeRecursive(qsa::cAbstractSerializer& s) const {
+  QEL_TRACE("cAbstractException::storeRecursive");
+  for (const cAbstractException* e = this; e; e = e->mpHistory) {
+    true >> s;
+    e->store(s);
+  }
+  false >> s;
+}
+
+tAutoPtr<cAbstractException> cAbstractException::createFromStream(qsa::cAbstractDeserializer& d,
+                                                                  const cAbstractExceptionFactory& factory) {
+  tAutoPtr<cAbstractException> first;
+  cAbstractException* last = nullptr;
+  for (unsigned int n = 0;; ++n) {
+    bool more = false;
+    more << d;
+    if (!more) break;
+    // Chains are freed and copied recursively; a stream cannot ask for more.
+    if (n >= MaxStreamedChain)
+      cSTDExceptions::throwOutOfRange("cAbstractException", "createFromStream", OutOfRangeSize, n + 1, 0,
+                                      MaxStreamedChain);
+    cAsciiString name;
+    name << d;
+    tAutoPtr<cAbstractException> e(factory.createException(name));
+    if (e.get() == nullptr) cSTDExceptions::throwUnknownExceptionType(name);
+    e->load(d);
+    if (last == nullptr) {
+      last = e.get();
+      first = e;
+    } else {
+      cAbstractException* next = e.release();
+      last->link(next);
+      last = next;
+    }
+  }
+  return first;
 }
 
 }  // namespace qstd

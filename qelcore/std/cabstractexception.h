@@ -11,6 +11,7 @@
 #include <exception>
 
 #include "qelcore/qelexport.h"
+#include "qelcore/std/tautoptr.h"
 
 namespace qucs {
 class cString;
@@ -21,10 +22,15 @@ class cLILocale;
 namespace qcs {
 class cComponentLocation;
 }
+namespace qsa {
+class cAbstractSerializer;
+class cAbstractDeserializer;
+}  // namespace qsa
 
 namespace qstd {
 
 class cAsciiString;
+class cAbstractExceptionFactory;
 
 class QEL_EXPORT cAbstractException : public std::exception {
 public:
@@ -52,6 +58,12 @@ public:
   virtual const qcs::cComponentLocation* remoteLocation() const;
   // Writes the chain to the debug output, one entry per exception.
   virtual void dump() const;
+  // Writes the type name, the kind and the out-of-memory flag; the concrete
+  // classes add their message.
+  virtual void store(qsa::cAbstractSerializer& s) const;
+  // Reads what store() wrote after the type name (the reader of a chain has
+  // consumed that to pick the class).
+  virtual void load(qsa::cAbstractDeserializer& d);
   virtual bool outOfMemoryCondition() const;
 
   // The short plain text ("bug", "runtime", ...).
@@ -81,6 +93,16 @@ public:
   // Appends the rendered text of one exception (no causes).
   static void createMessage(const cAbstractException& e, qucs::cString& out, unsigned int flags,
                             const qucs::cLILocale* locale);
+
+  // The whole chain, outermost first: for each exception a bool true and
+  // its store(), then a bool false.
+  void storeRecursive(qsa::cAbstractSerializer& s) const;
+  // Rebuilds a chain written by storeRecursive(), creating each exception
+  // through the factory from its type name. Null when the chain is empty.
+  static tAutoPtr<cAbstractException> createFromStream(qsa::cAbstractDeserializer& d,
+                                                       const cAbstractExceptionFactory& factory);
+  // Longest chain createFromStream() rebuilds.
+  static constexpr unsigned int MaxStreamedChain = 1000;
 
 protected:
   // Exchanges everything the base holds (used by the classes' swap).

@@ -1,5 +1,7 @@
 #include "qelcore/std/casciistring.h"
 
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionformat.h"
 
@@ -242,6 +244,16 @@ cAsciiString cAsciiString::number(long long value) {
 cAsciiString cAsciiString::number(unsigned long long value) {
   cAsciiString text;
   return text.setUNum(value);
+}
+
+qsa::cAbstractSerializer& cAsciiString::operator>>(qsa::cAbstractSerializer& s) const {
+  s.store(*this);
+  return s;
+}
+
+qsa::cAbstractDeserializer& cAsciiString::operator<<(qsa::cAbstractDeserializer& d) {
+  d.load(*this);
+  return d;
 }
 
 }  // namespace qstd

@@ -9,6 +9,11 @@
 #include "qelcore/std/tarraybyteleveltraits.h"
 #include "qelcore/std/tconstarrayref.h"
 
+namespace qsa {
+class cAbstractSerializer;
+class cAbstractDeserializer;
+}  // namespace qsa
+
 namespace qstd {
 
 class cNumberConversionFormat;
@@ -113,6 +118,10 @@ public:
   unsigned long long toUInt(const cNumberConversionFormat& format) const;
   double toDouble() const;
   double toDouble(const cNumberConversionFormat& format) const;
+
+  // One string element of an archive.
+  qsa::cAbstractSerializer& operator>>(qsa::cAbstractSerializer& s) const;
+  qsa::cAbstractDeserializer& operator<<(qsa::cAbstractDeserializer& d);
 
   // Named forms of the formatting, for expressions.
   static cAsciiString number(long long value);

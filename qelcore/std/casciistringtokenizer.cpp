@@ -2,8 +2,6 @@
 
 #include <cstring>
 
-#include "qelcore/std/cstdexceptions.h"
-
 namespace qstd {
 
 namespace {
@@ -47,7 +45,8 @@ bool cAsciiStringTokenizer::hasMoreTokens() const { return mTokenizer.hasMoreTok
 cAsciiString cAsciiStringTokenizer::nextToken() {
   cAsciiString token;
   if (!nextToken(token)) {
-    cSTDExceptions::throwElementNotFound("cAsciiStringTokenizer", "nextToken");
+    mbLastWasKey = false;
+    miLastStart = mText.size();
   }
   return token;
 }

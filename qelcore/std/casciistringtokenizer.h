@@ -23,7 +23,8 @@ public:
   ~cAsciiStringTokenizer();
 
   bool hasMoreTokens() const;
-  // The next token; none left throws cBugException (element not found).
+  // The next token; an empty string when none is left, so that parsers can
+  // treat a missing part like an empty one.
   cAsciiString nextToken();
   // The next token into `token`; false (and `token` unchanged) at the end.
   bool nextToken(cAsciiString& token);

@@ -1,5 +1,7 @@
 #include "qelcore/std/cbugexception.h"
 
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
 
@@ -36,6 +38,16 @@ void cBugException::setMsg(const qucs::cLIMessage& msg) { mMessage = msg; }
 
 void cBugException::throwAssertionFailed(const char* expr, const char* file, unsigned int line) {
   cSTDExceptions::throwAssertionFailed(expr, file, line);
+}
+
+void cBugException::store(qsa::cAbstractSerializer& s) const {
+  cAbstractException::store(s);
+  mMessage >> s;
+}
+
+void cBugException::load(qsa::cAbstractDeserializer& d) {
+  cAbstractException::load(d);
+  mMessage << d;
 }
 
 }  // namespace qstd

@@ -21,6 +21,9 @@ public:
   cAbstractException* clone() const override;
   cAsciiString typeName() const override;
   const qucs::cLIMessage* liMessage() const override;
+  // The base's fields, then the message.
+  void store(qsa::cAbstractSerializer& s) const override;
+  void load(qsa::cAbstractDeserializer& d) override;
 
   // Same as cSTDExceptions::throwAssertionFailed.
   [[noreturn]] static void throwAssertionFailed(const char* expr, const char* file, unsigned int line);

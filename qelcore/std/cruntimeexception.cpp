@@ -1,5 +1,7 @@
 #include "qelcore/std/cruntimeexception.h"
 
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/std/casciistring.h"
 
 namespace qstd {
@@ -32,5 +34,15 @@ cAbstractException* cRuntimeException::clone() const { return new cRuntimeExcept
 cAsciiString cRuntimeException::typeName() const { return cAsciiString("cRuntimeException"); }
 const qucs::cLIMessage* cRuntimeException::liMessage() const { return &mMessage; }
 void cRuntimeException::setMsg(const qucs::cLIMessage& msg) { mMessage = msg; }
+
+void cRuntimeException::store(qsa::cAbstractSerializer& s) const {
+  cAbstractException::store(s);
+  mMessage >> s;
+}
+
+void cRuntimeException::load(qsa::cAbstractDeserializer& d) {
+  cAbstractException::load(d);
+  mMessage << d;
+}
 
 }  // namespace qstd

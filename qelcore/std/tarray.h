@@ -12,7 +12,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <functional>
-#include <new>
 #include <type_traits>
 
 #include "qelcore/std/cstdexceptions.h"
@@ -566,7 +565,7 @@ private:
     }
     T* pool = static_cast<T*>(std::realloc(mpPool, bytes));
     if (pool == nullptr) {
-      throw std::bad_alloc();
+      cSTDExceptions::throwOutOfMemory();
     }
     mpPool = pool;
     miPoolSize = target;

@@ -4,7 +4,7 @@
 // way. Appending during a walk is safe too; the walk reaches the new entries.
 //
 //   for (auto it = works.begin(); it != works.end(); ++it) {
-//     if (done(*it)) works.eraseLater(it);
+//     if (done(*it)) it.eraseLater();  // or works.eraseLater(it)
 //   }
 //   works.purge();
 //
@@ -25,7 +25,7 @@ namespace qstd {
 // What tList does with an entry it removes: values need nothing.
 template <typename T>
 struct tListKeepElement {
-  static void dispose(T&) {}
+  void dispose(T&) const {}
 };
 
 template <typename T, typename Disposer = tListKeepElement<T>>
@@ -55,6 +55,13 @@ class tList {
     template <bool C = Const, typename = typename std::enable_if<C>::type>
     tIterator(const tIterator<false>& other) : mIt(other.mIt), mEnd(other.mEnd) {}
 
+    // Marks this entry for erasure by the list's next purge(); the iterator
+    // stays valid and walks on.
+    template <bool C = Const, typename = typename std::enable_if<!C>::type>
+    void eraseLater() const {
+      mpList->eraseLater(*this);
+    }
+
     reference operator*() const { return mIt->mValue; }
     pointer operator->() const { return &mIt->mValue; }
     tIterator& operator++() {
@@ -73,7 +80,7 @@ class tList {
   private:
     friend class tList;
     friend class tIterator<true>;
-    tIterator(tBase it, tBase end) : mIt(it), mEnd(end) { skipMarked(); }
+    tIterator(tBase it, tBase end, tList* list) : mIt(it), mEnd(end), mpList(list) { skipMarked(); }
     void skipMarked() {
       while (mIt != mEnd && mIt->mbMarked) {
         ++mIt;
@@ -81,6 +88,7 @@ class tList {
     }
     tBase mIt;
     tBase mEnd;
+    tList* mpList = nullptr;  // for eraseLater(); unused by const iterators
   };
 
 public:
@@ -99,7 +107,8 @@ public:
       append(v);
     }
   }
-  tList(tList&& other) noexcept : mEntries(std::move(other.mEntries)), miLive(other.miLive) {
+  tList(tList&& other) noexcept
+      : mEntries(std::move(other.mEntries)), miLive(other.miLive), mDisposer(other.mDisposer) {
     other.mEntries.clear();
     other.miLive = 0;
   }
@@ -123,10 +132,10 @@ public:
   bool empty() const { return miLive == 0; }
   bool hasMarked() const { return mEntries.size() != miLive; }
 
-  iterator begin() { return iterator(mEntries.begin(), mEntries.end()); }
-  iterator end() { return iterator(mEntries.end(), mEntries.end()); }
-  const_iterator begin() const { return const_iterator(mEntries.begin(), mEntries.end()); }
-  const_iterator end() const { return const_iterator(mEntries.end(), mEntries.end()); }
+  iterator begin() { return iterator(mEntries.begin(), mEntries.end(), this); }
+  iterator end() { return iterator(mEntries.end(), mEntries.end(), this); }
+  const_iterator begin() const { return const_iterator(mEntries.begin(), mEntries.end(), nullptr); }
+  const_iterator end() const { return const_iterator(mEntries.end(), mEntries.end(), nullptr); }
 
   T& first() {
     if (miLive == 0) {
@@ -168,8 +177,8 @@ public:
     if (!it->mbMarked) {
       --miLive;
     }
-    Disposer::dispose(it->mValue);
-    return iterator(mEntries.erase(it), mEntries.end());
+    mDisposer.dispose(it->mValue);
+    return iterator(mEntries.erase(it), mEntries.end(), this);
   }
   // Marks the entry: walks skip it from now on, purge() removes it.
   void eraseLater(iterator position) {
@@ -184,7 +193,7 @@ public:
     typename tEntries::iterator it = mEntries.begin();
     while (it != mEntries.end()) {
       if (it->mbMarked) {
-        Disposer::dispose(it->mValue);
+        mDisposer.dispose(it->mValue);
         it = mEntries.erase(it);
       } else {
         ++it;
@@ -233,13 +242,14 @@ public:
     old.swap(mEntries);
     miLive = 0;
     for (tEntry& e : old) {
-      Disposer::dispose(e.mValue);
+      mDisposer.dispose(e.mValue);
     }
   }
 
   void swap(tList& other) noexcept {
     mEntries.swap(other.mEntries);
     std::swap(miLive, other.miLive);
+    std::swap(mDisposer, other.mDisposer);
   }
 
 private:
@@ -247,7 +257,7 @@ private:
   iterator insertAt(typename tEntries::iterator at, V&& value) {
     typename tEntries::iterator it = mEntries.emplace(at, std::forward<V>(value));
     ++miLive;
-    return iterator(it, mEntries.end());
+    return iterator(it, mEntries.end(), this);
   }
   void checkPosition(const iterator& position, const char* operation) {
     if (position.mIt == mEntries.end()) {
@@ -264,6 +274,9 @@ private:
 
   tEntries mEntries;
   unsigned int miLive;
+
+protected:
+  Disposer mDisposer;
 };
 
 }  // namespace qstd

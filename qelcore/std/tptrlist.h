@@ -1,7 +1,8 @@
-// A tList of owned objects: an entry's object is deleted when the entry is
-// removed (by erase, purge or clear) or the list goes. An entry marked with
-// eraseLater() keeps its object alive until purge(), so an object may mark
-// itself while it is running.
+// A tList of objects held by pointer. By default the list owns them: an
+// entry's object is deleted when the entry is removed (by erase, purge or
+// clear) or the list goes. An entry marked with eraseLater() keeps its object
+// alive until purge(), so an object may mark itself while it is running.
+// A list made with autoDelete false only lists objects owned elsewhere.
 #ifndef QELCORE_STD_TPTRLIST_H
 #define QELCORE_STD_TPTRLIST_H
 
@@ -12,11 +13,14 @@ namespace qstd {
 
 template <typename T>
 struct tListDeleteElement {
-  static void dispose(T*& p) {
+  void dispose(T*& p) const {
     T* old = p;
     p = nullptr;
-    delete old;
+    if (mbAutoDelete) {
+      delete old;
+    }
   }
+  bool mbAutoDelete = true;
 };
 
 template <typename T>
@@ -27,6 +31,7 @@ public:
   typedef typename tBase::iterator iterator;
 
   tPtrList() {}
+  explicit tPtrList(bool autoDelete) { this->mDisposer.mbAutoDelete = autoDelete; }
   tPtrList(const tPtrList&) = delete;
   tPtrList& operator=(const tPtrList&) = delete;
   tPtrList(tPtrList&& other) noexcept : tBase(std::move(other)) {}
@@ -35,27 +40,32 @@ public:
     return *this;
   }
 
-  // Take ownership of `p`, also when the insertion fails.
+  bool autoDelete() const { return this->mDisposer.mbAutoDelete; }
+  // Applies to the entries removed from now on.
+  void setAutoDelete(bool on) { this->mDisposer.mbAutoDelete = on; }
+
+  // An owning list takes `p` over, also when the insertion fails.
   iterator append(T* p) {
-    tAutoPtr<T> owned(p);
+    tAutoPtr<T> owned(autoDelete() ? p : nullptr);
     iterator it = tBase::append(p);
     owned.release();
     return it;
   }
   iterator append(tAutoPtr<T> p) { return append(p.release()); }
   iterator prepend(T* p) {
-    tAutoPtr<T> owned(p);
+    tAutoPtr<T> owned(autoDelete() ? p : nullptr);
     iterator it = tBase::prepend(p);
     owned.release();
     return it;
   }
   iterator insert(iterator position, T* p) {
-    tAutoPtr<T> owned(p);
+    tAutoPtr<T> owned(autoDelete() ? p : nullptr);
     iterator it = tBase::insert(position, p);
     owned.release();
     return it;
   }
-  // Removes the entry at once and hands its object back undeleted.
+  // Removes the entry at once and hands its object back undeleted (an
+  // owning tAutoPtr only if the list owned it).
   tAutoPtr<T> take(iterator position) {
     if (position == this->end()) {
       cSTDExceptions::throwElementNotFound("tPtrList", "take");
@@ -63,7 +73,7 @@ public:
     T* p = *position;
     *position = nullptr;
     tBase::erase(position);
-    return tAutoPtr<T>(p);
+    return tAutoPtr<T>(p, autoDelete() ? tAutoPtrType::SingleObject : tAutoPtrType::NotOwned);
   }
 };
 

@@ -1,8 +1,11 @@
-// A vector of owned objects: it deletes every element it holds when the
-// element is erased, replaced or the vector goes. take() hands one back.
+// A vector of objects held by pointer. By default it owns them and deletes
+// every element when the element is erased, replaced or the vector goes;
+// take() hands one back. A vector made with autoDelete false only lists
+// objects owned elsewhere.
 #ifndef QELCORE_STD_TPTRVECTOR_H
 #define QELCORE_STD_TPTRVECTOR_H
 
+#include <utility>
 #include <vector>
 
 #include "qelcore/std/cstdexceptions.h"
@@ -16,10 +19,13 @@ class tPtrVector {
 public:
   typedef typename std::vector<T*>::const_iterator const_iterator;
 
-  tPtrVector() {}
+  tPtrVector() : mbAutoDelete(true) {}
+  explicit tPtrVector(bool autoDelete) : mbAutoDelete(autoDelete) {}
   tPtrVector(const tPtrVector&) = delete;
   tPtrVector& operator=(const tPtrVector&) = delete;
-  tPtrVector(tPtrVector&& other) noexcept : mVector(std::move(other.mVector)) { other.mVector.clear(); }
+  tPtrVector(tPtrVector&& other) noexcept : mVector(std::move(other.mVector)), mbAutoDelete(other.mbAutoDelete) {
+    other.mVector.clear();
+  }
   tPtrVector& operator=(tPtrVector&& other) noexcept {
     tPtrVector taken(std::move(other));
     swap(taken);
@@ -30,12 +36,16 @@ public:
   unsigned int size() const { return static_cast<unsigned int>(mVector.size()); }
   unsigned int length() const { return size(); }
   bool empty() const { return mVector.empty(); }
-  // Deletes every element.
+  bool autoDelete() const { return mbAutoDelete; }
+  // Applies to the elements removed from now on.
+  void setAutoDelete(bool on) { mbAutoDelete = on; }
+
+  // Removes (and when owning deletes) every element.
   void clear() {
     std::vector<T*> old;
     old.swap(mVector);
     for (T* p : old) {
-      delete p;
+      dispose(p);
     }
   }
 
@@ -47,38 +57,47 @@ public:
   T* first() const { return at(0); }
   T* last() const { return at(size() - 1); }
 
-  // Takes ownership of `p` (also when the append fails); returns its index.
+  // An owning vector takes `p` over (also when the append fails); returns
+  // its index.
   unsigned int append(T* p) {
-    tAutoPtr<T> owned(p);
+    tAutoPtr<T> owned(mbAutoDelete ? p : nullptr);
     mVector.push_back(p);
     owned.release();
     return size() - 1;
   }
   unsigned int append(tAutoPtr<T> p) { return append(p.release()); }
   void insert(unsigned int index, T* p) {
-    tAutoPtr<T> owned(p);
+    tAutoPtr<T> owned(mbAutoDelete ? p : nullptr);
     arrayops::checkPosition("tPtrVector", "insert", index, size());
     mVector.insert(mVector.begin() + index, p);
     owned.release();
   }
-  // Deletes the element held at `index` and holds `p` there instead.
+  // Removes (when owning deletes) the element held at `index` and holds `p`
+  // there instead.
   void replace(unsigned int index, T* p) {
-    tAutoPtr<T> owned(p);
+    tAutoPtr<T> owned(mbAutoDelete ? p : nullptr);
     arrayops::checkIndex("tPtrVector", "replace", index, size());
     T* old = mVector[index];
-    mVector[index] = owned.release();
+    mVector[index] = p;
+    owned.release();
     if (old != p) {
-      delete old;
+      dispose(old);
     }
   }
-  // Deletes the element.
-  void erase(unsigned int index) { delete take(index).release(); }
-  // Removes the element without deleting it.
+  // Removes (when owning deletes) the element.
+  void erase(unsigned int index) {
+    arrayops::checkIndex("tPtrVector", "erase", index, size());
+    T* p = mVector[index];
+    mVector.erase(mVector.begin() + index);
+    dispose(p);
+  }
+  // Removes the element without deleting it (an owning tAutoPtr only if the
+  // vector owned it).
   tAutoPtr<T> take(unsigned int index) {
     arrayops::checkIndex("tPtrVector", "take", index, size());
     T* p = mVector[index];
     mVector.erase(mVector.begin() + index);
-    return tAutoPtr<T>(p);
+    return tAutoPtr<T>(p, mbAutoDelete ? tAutoPtrType::SingleObject : tAutoPtrType::NotOwned);
   }
 
   // Index of `p` (by identity); size() when it is not held.
@@ -100,10 +119,20 @@ public:
 
   const_iterator begin() const { return mVector.begin(); }
   const_iterator end() const { return mVector.end(); }
-  void swap(tPtrVector& other) noexcept { mVector.swap(other.mVector); }
+  void swap(tPtrVector& other) noexcept {
+    mVector.swap(other.mVector);
+    std::swap(mbAutoDelete, other.mbAutoDelete);
+  }
 
 private:
+  void dispose(T* p) const {
+    if (mbAutoDelete) {
+      delete p;
+    }
+  }
+
   std::vector<T*> mVector;
+  bool mbAutoDelete;
 };
 
 }  // namespace qstd

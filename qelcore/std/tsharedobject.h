@@ -125,11 +125,13 @@ private:
     } else if (type == tAutoPtrType::ArrayObject) {
       deleter = &deleteArray<U>;
     }
+    // The data keeps a plain pointer; deleting through one to const is fine.
+    void* object = const_cast<void*>(static_cast<const void*>(p));
     try {
-      mpData = new tSharedObjectData(deleter != nullptr, p, deleter);
+      mpData = new tSharedObjectData(deleter != nullptr, object, deleter);
     } catch (...) {
       if (deleter != nullptr) {
-        deleter(p);
+        deleter(object);
       }
       throw;
     }

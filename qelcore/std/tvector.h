@@ -3,6 +3,7 @@
 #ifndef QELCORE_STD_TVECTOR_H
 #define QELCORE_STD_TVECTOR_H
 
+#include <cstddef>
 #include <initializer_list>
 #include <utility>
 #include <vector>
@@ -107,8 +108,30 @@ public:
   const_iterator end() const { return mVector.end(); }
 
   void swap(tVector& other) { mVector.swap(other.mVector); }
-  bool operator==(const tVector& other) const { return mVector == other.mVector; }
-  bool operator!=(const tVector& other) const { return mVector != other.mVector; }
+  // Each uses only the element operator of its own name, so that element
+  // types that define just one of them can be compared.
+  bool operator==(const tVector& other) const {
+    if (mVector.size() != other.mVector.size()) {
+      return false;
+    }
+    for (std::size_t i = 0; i < mVector.size(); ++i) {
+      if (!(mVector[i] == other.mVector[i])) {
+        return false;
+      }
+    }
+    return true;
+  }
+  bool operator!=(const tVector& other) const {
+    if (mVector.size() != other.mVector.size()) {
+      return true;
+    }
+    for (std::size_t i = 0; i < mVector.size(); ++i) {
+      if (mVector[i] != other.mVector[i]) {
+        return true;
+      }
+    }
+    return false;
+  }
 
 private:
   std::vector<T> mVector;

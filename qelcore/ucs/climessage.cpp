@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionformat.h"
@@ -325,6 +327,52 @@ void cLIMessage::restore(const qstd::cAsciiString& key, unsigned int scanPositio
 
 void cLIMessage::addParam(const qstd::cAsciiString& name, const cString& value, ParamKind kind) {
   mpImpl->mParams.push_back(cParam{name, value, kind});
+}
+
+qsa::cAbstractSerializer& cLIMessage::operator>>(qsa::cAbstractSerializer& s) const {
+  qsa::cContext context(s.newContext("cLIMessage"));
+  key() >> s;
+  scanPosition() >> s;
+  isTranslatable() >> s;
+  const unsigned int n = paramCount();
+  n >> s;
+  for (unsigned int i = 0; i < n; ++i) {
+    paramName(i) >> s;
+    paramValue(i) >> s;
+    static_cast<unsigned int>(paramKind(i)) >> s;
+  }
+  context.release();
+  return s;
+}
+
+qsa::cAbstractDeserializer& cLIMessage::operator<<(qsa::cAbstractDeserializer& d) {
+  qsa::cContext context(d.getContext("cLIMessage"));
+  qstd::cAsciiString key;
+  unsigned int scanPosition = 0;
+  bool translatable = true;
+  unsigned int n = 0;
+  key << d;
+  scanPosition << d;
+  translatable << d;
+  n << d;
+  cLIMessage read;
+  read.restore(key, scanPosition, translatable);
+  // The count is not trusted for allocation: every entry is read before it is kept.
+  for (unsigned int i = 0; i < n; ++i) {
+    qstd::cAsciiString name;
+    cString value;
+    unsigned int kind = 0;
+    name << d;
+    value << d;
+    kind << d;
+    if (kind > ParamDouble)
+      qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeValue, kind, ParamText,
+                                            ParamDouble);
+    read.addParam(name, value, static_cast<ParamKind>(kind));
+  }
+  context.release();
+  swap(read);
+  return d;
 }
 
 }  // namespace qucs

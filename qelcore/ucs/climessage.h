@@ -18,6 +18,11 @@ class cAsciiString;
 class cNumberConversionFormat;
 }  // namespace qstd
 
+namespace qsa {
+class cAbstractSerializer;
+class cAbstractDeserializer;
+}  // namespace qsa
+
 namespace qucs {
 
 class cString;
@@ -68,6 +73,12 @@ public:
   // Renders `translation` with this message's values; a message that is not
   // translatable renders its key instead.
   void translate(const cString& translation, cString& out) const;
+
+  // Archived inside one context: key, scan position, translatable flag, the
+  // number of values, then name, value and kind of each. The number format
+  // is not archived. Loading changes the message only when all was read.
+  qsa::cAbstractSerializer& operator>>(qsa::cAbstractSerializer& s) const;
+  qsa::cAbstractDeserializer& operator<<(qsa::cAbstractDeserializer& d);
 
   // Rebuilds a message from archived parts (for the archive operators).
   void restore(const qstd::cAsciiString& key, unsigned int scanPosition, bool translatable);

@@ -5,6 +5,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionformat.h"
 #include "qelcore/ucs/cendecutf8.h"
@@ -366,6 +368,16 @@ cString& cString::lowerCase() {
   unsigned int n = size();
   for (unsigned int i = 0; i < n; ++i) (*this)[i] = lowerCase((*this)[i]);
   return *this;
+}
+
+qsa::cAbstractSerializer& cString::operator>>(qsa::cAbstractSerializer& s) const {
+  s.store(*this);
+  return s;
+}
+
+qsa::cAbstractDeserializer& cString::operator<<(qsa::cAbstractDeserializer& d) {
+  d.load(*this);
+  return d;
 }
 
 }  // namespace qucs

@@ -16,6 +16,10 @@
 namespace qstd {
 class cNumberConversionFormat;
 }
+namespace qsa {
+class cAbstractSerializer;
+class cAbstractDeserializer;
+}  // namespace qsa
 
 namespace qucs {
 
@@ -85,6 +89,11 @@ public:
   unsigned long long toUInt(const qstd::cNumberConversionFormat& format) const;
   double toDouble() const;
   double toDouble(const qstd::cNumberConversionFormat& format) const;
+
+  // One string element of an archive (32-bit characters or UTF-8, as the
+  // archive is set up).
+  qsa::cAbstractSerializer& operator>>(qsa::cAbstractSerializer& s) const;
+  qsa::cAbstractDeserializer& operator<<(qsa::cAbstractDeserializer& d);
 
   bool operator==(const cString& other) const;
   bool operator==(const qstd::cAsciiString& other) const;

@@ -43,7 +43,7 @@ std::string joined(const L& list) {
 TEST(tList, WalkSurvivesEraseLaterOfTheCurrentEntry) {
   qstd::tList<int> list{1, 2, 3, 4, 5};
   for (auto it = list.begin(); it != list.end(); ++it) {
-    if (*it % 2 == 0) list.eraseLater(it);
+    if (*it % 2 == 0) it.eraseLater();
     if (*it == 3) list.append(7);  // reached by this walk
   }
   EXPECT_EQ("1357", joined(list));
@@ -147,6 +147,27 @@ TEST(tVector, ChecksIndicesAndOwnedVariantDeletes) {
     EXPECT_EQ(1, back->miValue);
   }
   EXPECT_EQ(0, gAlive);
+
+  // Lists of objects owned elsewhere never delete them.
+  cItem a(1);
+  cItem b(2);
+  {
+    qstd::tPtrVector<cItem> vector(false);
+    qstd::tPtrList<cItem> list(false);
+    vector.append(&a);
+    vector.append(&b);
+    list.append(&a);
+    list.append(&b);
+    vector.erase(0);
+    vector.replace(0, &a);
+    list.remove(&a);
+    list.eraseLater(list.begin());
+    list.purge();
+    vector.append(&b);
+    list.append(&b);
+    EXPECT_EQ(qstd::tAutoPtrType::NotOwned, vector.take(1).pointerType());
+  }
+  EXPECT_EQ(2, gAlive);
 }
 
 TEST(tHash, LookupPairsAndStringKeys) {

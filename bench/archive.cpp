@@ -1,0 +1,254 @@
+// The binary archive against a hand-written loop that moves the same tagged
+// bytes (4-byte id, then the payload) with memcpy into and out of a buffer
+// grown beforehand: 1,000,000 unsigned ints, and 100,000 records
+// {u32, i64, double, bool, 16-character string}. The archive's buffer is
+// grown once as well (the serializer is rewound between runs), so both
+// sides measure the moving of bytes and not the allocator.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "benchutil.h"
+#include "qelcore/sa/cdeserializebinary.h"
+#include "qelcore/sa/cserializebinary.h"
+#include "qelcore/std/casciistring.h"
+
+namespace {
+
+const unsigned int kValues = 1000000;
+const unsigned int kRecords = 100000;
+
+struct sRecord {
+  unsigned int miId;
+  long long miStamp;
+  double mdValue;
+  bool mbFlag;
+  qstd::cAsciiString mName;
+};
+
+struct sPlainRecord {
+  unsigned int miId;
+  long long miStamp;
+  double mdValue;
+  bool mbFlag;
+  unsigned int miNameLength;
+  char maName[16];
+};
+
+void warm() {
+  static bool done = false;
+  if (!done) qelbench::warmMemory(256u << 20);
+  done = true;
+}
+
+inline char* putTagged(char* p, unsigned int id, const void* payload, std::size_t n) {
+  std::memcpy(p, &id, 4);
+  std::memcpy(p + 4, payload, n);
+  return p + 4 + n;
+}
+
+inline const char* getTagged(const char* p, unsigned int id, void* payload, std::size_t n) {
+  unsigned int got;
+  std::memcpy(&got, p, 4);
+  if (got != id) std::abort();
+  std::memcpy(payload, p + 4, n);
+  return p + 4 + n;
+}
+
+std::vector<sRecord> makeRecords() {
+  std::vector<sRecord> r(kRecords);
+  for (unsigned int i = 0; i < kRecords; ++i) {
+    r[i].miId = i;
+    r[i].miStamp = -static_cast<long long>(i) * 1000003;
+    r[i].mdValue = i * 0.5;
+    r[i].mbFlag = (i & 1) != 0;
+    r[i].mName = "name-0123456789a";
+  }
+  return r;
+}
+
+// --- 1,000,000 unsigned ints ---------------------------------------------
+
+void BM_StoreUInt_Baseline(benchmark::State& state) {
+  warm();
+  std::vector<char> buffer(kValues * 8);
+  for (auto _ : state) {
+    char* p = buffer.data();
+    for (unsigned int i = 0; i < kValues; ++i) p = putTagged(p, 4, &i, 4);
+    benchmark::DoNotOptimize(buffer.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_StoreUInt_Baseline)->Unit(benchmark::kMillisecond);
+
+void BM_StoreUInt_Archive(benchmark::State& state) {
+  warm();
+  qsa::cSerializeBinary s;
+  for (auto _ : state) {
+    s.rewind();
+    for (unsigned int i = 0; i < kValues; ++i) i >> s;
+    benchmark::DoNotOptimize(s.currentPos());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_StoreUInt_Archive)->Unit(benchmark::kMillisecond);
+
+void BM_LoadUInt_Baseline(benchmark::State& state) {
+  warm();
+  std::vector<char> buffer(kValues * 8);
+  char* p = buffer.data();
+  for (unsigned int i = 0; i < kValues; ++i) p = putTagged(p, 4, &i, 4);
+  for (auto _ : state) {
+    const char* q = buffer.data();
+    unsigned long long sum = 0;
+    for (unsigned int i = 0; i < kValues; ++i) {
+      unsigned int v;
+      q = getTagged(q, 4, &v, 4);
+      sum += v;
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+BENCHMARK(BM_LoadUInt_Baseline)->Unit(benchmark::kMillisecond);
+
+void BM_LoadUInt_Archive(benchmark::State& state) {
+  warm();
+  qsa::cSerializeBinary s;
+  for (unsigned int i = 0; i < kValues; ++i) i >> s;
+  qsa::cDeserializeBinary d(s.ownData());
+  for (auto _ : state) {
+    d.rewind();
+    unsigned long long sum = 0;
+    for (unsigned int i = 0; i < kValues; ++i) {
+      unsigned int v;
+      v << d;
+      sum += v;
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+BENCHMARK(BM_LoadUInt_Archive)->Unit(benchmark::kMillisecond);
+
+// --- 100,000 records ------------------------------------------------------
+
+void BM_StoreRecord_Baseline(benchmark::State& state) {
+  warm();
+  const std::vector<sRecord> records = makeRecords();
+  std::vector<sPlainRecord> plain(kRecords);
+  for (unsigned int i = 0; i < kRecords; ++i) {
+    plain[i].miId = records[i].miId;
+    plain[i].miStamp = records[i].miStamp;
+    plain[i].mdValue = records[i].mdValue;
+    plain[i].mbFlag = records[i].mbFlag;
+    plain[i].miNameLength = records[i].mName.size();
+    std::memcpy(plain[i].maName, records[i].mName.c_str(), 16);
+  }
+  std::vector<char> buffer(kRecords * 72);
+  for (auto _ : state) {
+    char* p = buffer.data();
+    for (const sPlainRecord& r : plain) {
+      const unsigned int flag = r.mbFlag ? 1 : 0;
+      p = putTagged(p, 4, &r.miId, 4);
+      p = putTagged(p, 7, &r.miStamp, 8);
+      p = putTagged(p, 9, &r.mdValue, 8);
+      p = putTagged(p, 8, &flag, 4);
+      p = putTagged(p, 10, &r.miNameLength, 4);
+      std::memcpy(p, r.maName, r.miNameLength);
+      p += r.miNameLength;
+    }
+    benchmark::DoNotOptimize(buffer.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_StoreRecord_Baseline)->Unit(benchmark::kMillisecond);
+
+void BM_StoreRecord_Archive(benchmark::State& state) {
+  warm();
+  const std::vector<sRecord> records = makeRecords();
+  qsa::cSerializeBinary s;
+  for (auto _ : state) {
+    s.rewind();
+    for (const sRecord& r : records) {
+      r.miId >> s;
+      r.miStamp >> s;
+      r.mdValue >> s;
+      r.mbFlag >> s;
+      r.mName >> s;
+    }
+    benchmark::DoNotOptimize(s.currentPos());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_StoreRecord_Archive)->Unit(benchmark::kMillisecond);
+
+void BM_LoadRecord_Baseline(benchmark::State& state) {
+  warm();
+  std::vector<char> buffer(kRecords * 72);
+  char* p = buffer.data();
+  for (unsigned int i = 0; i < kRecords; ++i) {
+    const long long stamp = -static_cast<long long>(i) * 1000003;
+    const double value = i * 0.5;
+    const unsigned int flag = i & 1;
+    const unsigned int length = 16;
+    p = putTagged(p, 4, &i, 4);
+    p = putTagged(p, 7, &stamp, 8);
+    p = putTagged(p, 9, &value, 8);
+    p = putTagged(p, 8, &flag, 4);
+    p = putTagged(p, 10, &length, 4);
+    std::memcpy(p, "name-0123456789a", 16);
+    p += 16;
+  }
+  for (auto _ : state) {
+    const char* q = buffer.data();
+    sPlainRecord r;
+    unsigned long long sum = 0;
+    for (unsigned int i = 0; i < kRecords; ++i) {
+      unsigned int flag;
+      q = getTagged(q, 4, &r.miId, 4);
+      q = getTagged(q, 7, &r.miStamp, 8);
+      q = getTagged(q, 9, &r.mdValue, 8);
+      q = getTagged(q, 8, &flag, 4);
+      r.mbFlag = flag != 0;
+      q = getTagged(q, 10, &r.miNameLength, 4);
+      if (r.miNameLength > 16) std::abort();
+      std::memcpy(r.maName, q, r.miNameLength);
+      q += r.miNameLength;
+      sum += r.miId + r.mbFlag + static_cast<unsigned char>(r.maName[15]);
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+BENCHMARK(BM_LoadRecord_Baseline)->Unit(benchmark::kMillisecond);
+
+void BM_LoadRecord_Archive(benchmark::State& state) {
+  warm();
+  const std::vector<sRecord> records = makeRecords();
+  qsa::cSerializeBinary s;
+  for (const sRecord& r : records) {
+    r.miId >> s;
+    r.miStamp >> s;
+    r.mdValue >> s;
+    r.mbFlag >> s;
+    r.mName >> s;
+  }
+  qsa::cDeserializeBinary d(s.ownData());
+  for (auto _ : state) {
+    d.rewind();
+    sRecord r;
+    unsigned long long sum = 0;
+    for (unsigned int i = 0; i < kRecords; ++i) {
+      r.miId << d;
+      r.miStamp << d;
+      r.mdValue << d;
+      r.mbFlag << d;
+      r.mName << d;
+      sum += r.miId + r.mbFlag + static_cast<unsigned char>(r.mName[15]);
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+BENCHMARK(BM_LoadRecord_Archive)->Unit(benchmark::kMillisecond);
+
+}  // namespace

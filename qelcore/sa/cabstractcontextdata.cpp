@@ -1,0 +1,7 @@
+#include "qelcore/sa/cabstractcontextdata.h"
+
+namespace qsa {
+
+cAbstractContextData::~cAbstractContextData() {}
+
+}  // namespace qsa

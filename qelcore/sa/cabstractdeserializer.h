@@ -1,0 +1,113 @@
+// The reading side of every archive.
+//
+// Loading is written `value << deserializer`: the value is filled from the
+// archive. Objects that archive themselves provide
+//   cAbstractDeserializer& operator<<(cAbstractDeserializer&);
+// Labels in front of a value are skipped when the value is loaded, so
+// readers load in the order the writer stored, with or without labels.
+#ifndef QELCORE_SA_CABSTRACTDESERIALIZER_H
+#define QELCORE_SA_CABSTRACTDESERIALIZER_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/sa/ccontext.h"
+#include "qelcore/sa/ccontextref.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/tarray.h"
+
+namespace qucs {
+class cString;
+}
+
+namespace qsa {
+
+class cAbstractSerializer;
+class cReferenceFrame;
+
+class QEL_EXPORT cAbstractDeserializer {
+public:
+  cAbstractDeserializer() : mbPreferNoLabels(false) {}
+  virtual ~cAbstractDeserializer();
+
+  virtual void loadBlock(qstd::tArray<char>& block) = 0;
+  virtual void load(qucs::cString& value) = 0;
+  virtual void load(qstd::cAsciiString& value) = 0;
+  virtual void load(double& value) = 0;
+  virtual void load(bool& value) = 0;
+  virtual void load(long long& value) = 0;
+  virtual void load(unsigned long long& value) = 0;
+  virtual void load(int& value) = 0;
+  virtual void load(unsigned int& value) = 0;
+  // Loads an int and keeps its low 16 bits unless the archive knows 16-bit values.
+  virtual void load(short& value);
+  // Loads an unsigned int and keeps its low 16 bits unless the archive knows 16-bit values.
+  virtual void load(unsigned short& value);
+  virtual void load(unsigned char& value) = 0;
+  virtual void load(char& value) = 0;
+  virtual void rewind() = 0;
+  // End of the current context; labels with nothing after them do not count.
+  virtual bool eoc() const = 0;
+  // Copies the rest of the current context into `out`.
+  virtual void reserialize(cAbstractSerializer& out) = 0;
+  virtual bool isContext() = 0;
+  virtual bool isLabel() = 0;
+  // A null name accepts any context. Keep the result in a cContext.
+  virtual cContextRef getContext(const char* pName) = 0;
+  virtual qstd::cAsciiString getNextContextTypeName() = 0;
+  virtual qstd::cAsciiString getNextLabelName() = 0;
+  virtual void releaseCurrentContext() = 0;
+  // Moves right after the label; throws when the context has none of that name.
+  virtual cAbstractDeserializer& findLabel(const qstd::cAsciiString& name) = 0;
+  // Like findLabel(), but answers false (and moves nothing) when there is none.
+  virtual bool tryFindLabel(const qstd::cAsciiString& name) = 0;
+
+  void setPreferNoLabels(bool bPrefer) { mbPreferNoLabels = bPrefer; }
+  bool noLabelsPreferred() const { return mbPreferNoLabels; }
+
+private:
+  bool mbPreferNoLabels;
+};
+
+inline cAbstractDeserializer& operator<<(char& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(unsigned char& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(short& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(unsigned short& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(int& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(unsigned int& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(double& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(long long& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(unsigned long long& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(bool& v, cAbstractDeserializer& d) { d.load(v); return d; }
+// A byte array is loaded as one block.
+inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeserializer& d) { d.loadBlock(v); return d; }
+// Other arrays, as their writer stored them ("Grow", then "Data"). The
+// array changes only when all of it was read.
+template <class T, class Traits>
+cAbstractDeserializer& operator<<(qstd::tArray<T, Traits>& v, cAbstractDeserializer& d) {
+  unsigned int growStep = 0;
+  growStep << d;
+  qstd::tArray<T, Traits> read;
+  read.setGrowStep(growStep);
+  if constexpr (sizeof(T) == 1) {
+    qstd::tArray<char> block;
+    d.loadBlock(block);
+    if (block.size()) read.setData(reinterpret_cast<const T*>(block.data()), block.size());
+  } else {
+    unsigned int n = 0;
+    n << d;
+    // Elements are appended as they are read: the count alone allocates nothing.
+    for (unsigned int i = 0; i < n; ++i) {
+      T element;
+      element << d;
+      read.append(element);
+    }
+  }
+  v.swap(read);
+  return d;
+}
+
+// Loads every entry of the frame, in order, into the values it refers to.
+QEL_EXPORT cAbstractDeserializer& operator<<(cReferenceFrame& frame, cAbstractDeserializer& d);
+
+}  // namespace qsa
+
+#endif

@@ -1,0 +1,102 @@
+// The writing side of every archive.
+//
+// Storing is written `value >> serializer`: the value flows into the archive.
+// Objects that archive themselves provide
+//   cAbstractSerializer& operator>>(cAbstractSerializer&) const;
+// and ask noLabelsPreferred() before writing labels.
+#ifndef QELCORE_SA_CABSTRACTSERIALIZER_H
+#define QELCORE_SA_CABSTRACTSERIALIZER_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/sa/ccontext.h"
+#include "qelcore/sa/ccontextref.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/tarray.h"
+#include "qelcore/std/tarrayref.h"
+
+namespace qucs {
+class cString;
+}
+
+namespace qsa {
+
+class QEL_EXPORT cAbstractSerializer {
+public:
+  cAbstractSerializer() : mbPreferNoLabels(false) {}
+  virtual ~cAbstractSerializer();
+
+  virtual void storeBlock(const char* pData, unsigned int iSize) = 0;
+  virtual void store(const qucs::cString& value) = 0;
+  virtual void store(const qstd::cAsciiString& value) = 0;
+  virtual void store(double value) = 0;
+  virtual void store(bool value) = 0;
+  virtual void store(long long value) = 0;
+  virtual void store(unsigned long long value) = 0;
+  virtual void store(int value) = 0;
+  virtual void store(unsigned int value) = 0;
+  // Stored as int unless the archive knows 16-bit values.
+  virtual void store(short value);
+  // Stored as unsigned int unless the archive knows 16-bit values.
+  virtual void store(unsigned short value);
+  virtual void store(char value) = 0;
+  virtual void store(unsigned char value) = 0;
+  virtual void rewind() = 0;
+  virtual void clear() = 0;
+  // A null name opens an unnamed context. Keep the result in a cContext.
+  virtual cContextRef newContext(const char* pName) = 0;
+  // Finishes and leaves the innermost open context, if any.
+  virtual void releaseCurrentContext() = 0;
+  // Returns the serializer, so the labelled value can follow: `v >> s.newLabel("x")`.
+  virtual cAbstractSerializer& newLabel(const qstd::cAsciiString& name) = 0;
+  virtual qstd::tArrayRef<char> data() = 0;
+  virtual void swapData(qstd::tArray<char>& other) = 0;
+  // Writes data() to the file, replacing it.
+  virtual void storeToFile(const qucs::cString& path);
+
+  // A string literal would otherwise be stored as a bool.
+  void store(const char*) = delete;
+
+  void setPreferNoLabels(bool bPrefer) { mbPreferNoLabels = bPrefer; }
+  bool noLabelsPreferred() const { return mbPreferNoLabels; }
+
+private:
+  bool mbPreferNoLabels;
+};
+
+inline cAbstractSerializer& operator>>(char v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(unsigned char v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(short v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(unsigned short v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(int v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(unsigned int v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(double v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(long long v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(unsigned long long v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(bool v, cAbstractSerializer& s) { s.store(v); return s; }
+// A byte array is stored as one block.
+inline cAbstractSerializer& operator>>(const qstd::tArray<char>& v, cAbstractSerializer& s) {
+  s.storeBlock(v.size() ? v.data(true) : 0, v.size());
+  return s;
+}
+cAbstractSerializer& operator>>(const char*, cAbstractSerializer&) = delete;
+
+// Other arrays: the labelled items "Grow" (the grow step) and "Data" (the
+// element count, then the elements; bytes as one block).
+template <class T, class Traits>
+cAbstractSerializer& operator>>(const qstd::tArray<T, Traits>& v, cAbstractSerializer& s) {
+  const bool labels = !s.noLabelsPreferred();
+  if (labels) s.newLabel("Grow");
+  s.store(v.growStep());
+  if (labels) s.newLabel("Data");
+  if constexpr (sizeof(T) == 1) {
+    s.storeBlock(v.size() ? reinterpret_cast<const char*>(v.data()) : 0, v.size());
+  } else {
+    s.store(v.size());
+    for (unsigned int i = 0; i < v.size(); ++i) v[i] >> s;
+  }
+  return s;
+}
+
+}  // namespace qsa
+
+#endif

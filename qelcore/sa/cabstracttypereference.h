@@ -1,0 +1,111 @@
+// Typed references to values of any archivable type.
+//
+// A reference holds the address of a value and the type information of its
+// type: the type's readable name (the archive's names for the primitive
+// types, "cAsciiString", "cString", ...) and how to store and load it. Every
+// typed access compares names and throws the type mismatch on a wrong type,
+// so nothing is guessed from a bare address. Other types get their name from
+// a specialisation of tTypeName:
+//   template <> struct qsa::tTypeName<cMyType> { static const char* name() { return "cMyType"; } };
+#ifndef QELCORE_SA_CABSTRACTTYPEREFERENCE_H
+#define QELCORE_SA_CABSTRACTTYPEREFERENCE_H
+
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
+
+#include "qelcore/qelexport.h"
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/sa/csaexceptions.h"
+#include "qelcore/sa/pitypes.h"
+
+namespace qstd {
+class cAsciiString;
+}
+namespace qucs {
+class cString;
+}
+
+namespace qsa {
+
+class cReferenceFrame;
+
+template <class T>
+struct tTypeName {
+  static const char* name() { return typeid(T).name(); }
+};
+#define QELCORE_SA_TYPENAME(type, text) \
+  template <>                           \
+  struct tTypeName<type> {              \
+    static const char* name() { return text; } \
+  }
+QELCORE_SA_TYPENAME(piVoid, "piVoid");
+QELCORE_SA_TYPENAME(bool, "piBool");
+QELCORE_SA_TYPENAME(char, "piChar");
+QELCORE_SA_TYPENAME(unsigned char, "piUChar");
+QELCORE_SA_TYPENAME(short, "piInt16");
+QELCORE_SA_TYPENAME(unsigned short, "piUInt16");
+QELCORE_SA_TYPENAME(int, "piInt32");
+QELCORE_SA_TYPENAME(unsigned int, "piUInt32");
+QELCORE_SA_TYPENAME(long long, "piInt64");
+QELCORE_SA_TYPENAME(unsigned long long, "piUInt64");
+QELCORE_SA_TYPENAME(double, "piDouble");
+QELCORE_SA_TYPENAME(qstd::cAsciiString, "cAsciiString");
+QELCORE_SA_TYPENAME(qucs::cString, "cString");
+QELCORE_SA_TYPENAME(qstd::tArray<char>, "char*");
+QELCORE_SA_TYPENAME(cReferenceFrame, "cReferenceFrame");
+#undef QELCORE_SA_TYPENAME
+
+template <class T, class = void>
+struct tIsStorable : std::false_type {};
+template <class T>
+struct tIsStorable<T, std::void_t<decltype(std::declval<const T&>() >> std::declval<cAbstractSerializer&>())>>
+    : std::true_type {};
+template <class T, class = void>
+struct tIsLoadable : std::false_type {};
+template <class T>
+struct tIsLoadable<T, std::void_t<decltype(std::declval<T&>() << std::declval<cAbstractDeserializer&>())>>
+    : std::true_type {};
+
+// What every reference to a value of one type shares.
+struct cTypeInfo {
+  const char* mpName;
+  void (*mpStore)(const void* pValue, cAbstractSerializer& s);
+  void (*mpLoad)(void* pValue, cAbstractDeserializer& d);
+};
+
+template <class T>
+struct tTypeInfo {
+  static void storeValue(const void* pValue, cAbstractSerializer& s) {
+    if constexpr (tIsStorable<T>::value)
+      *static_cast<const T*>(pValue) >> s;
+    else
+      cSAExceptions::throwUnserializable(tTypeName<T>::name());
+  }
+  static void loadValue(void* pValue, cAbstractDeserializer& d) {
+    if constexpr (tIsLoadable<T>::value)
+      *static_cast<T*>(pValue) << d;
+    else
+      cSAExceptions::throwUnserializable(tTypeName<T>::name());
+  }
+  static const cTypeInfo& get() {
+    static const cTypeInfo sInfo = {tTypeName<T>::name(), &storeValue, &loadValue};
+    return sInfo;
+  }
+};
+
+class QEL_EXPORT cAbstractTypeReference {
+public:
+  virtual ~cAbstractTypeReference();
+  // The readable name of the referenced value's type.
+  virtual const char* typeName() const = 0;
+  // A constant value can be stored but not loaded into.
+  virtual bool isConst() const = 0;
+  virtual void store(cAbstractSerializer& s) const = 0;
+  virtual void load(cAbstractDeserializer& d) = 0;
+};
+
+}  // namespace qsa
+
+#endif

@@ -1,0 +1,51 @@
+// Little-endian reads and writes of the binary archive's fixed-width fields.
+// Private to the archive sources.
+#ifndef QELCORE_SA_CBINARYBYTES_H
+#define QELCORE_SA_CBINARYBYTES_H
+
+#include <cstring>
+
+namespace qsa {
+namespace binarybytes {
+
+inline void put32(char* p, unsigned int v) {
+  p[0] = static_cast<char>(v);
+  p[1] = static_cast<char>(v >> 8);
+  p[2] = static_cast<char>(v >> 16);
+  p[3] = static_cast<char>(v >> 24);
+}
+inline void put16(char* p, unsigned short v) {
+  p[0] = static_cast<char>(v);
+  p[1] = static_cast<char>(v >> 8);
+}
+inline void put64(char* p, unsigned long long v) {
+  put32(p, static_cast<unsigned int>(v));
+  put32(p + 4, static_cast<unsigned int>(v >> 32));
+}
+inline unsigned int get32(const char* p) {
+  const unsigned char* u = reinterpret_cast<const unsigned char*>(p);
+  return static_cast<unsigned int>(u[0]) | (static_cast<unsigned int>(u[1]) << 8) |
+         (static_cast<unsigned int>(u[2]) << 16) | (static_cast<unsigned int>(u[3]) << 24);
+}
+inline unsigned short get16(const char* p) {
+  const unsigned char* u = reinterpret_cast<const unsigned char*>(p);
+  return static_cast<unsigned short>(u[0] | (u[1] << 8));
+}
+inline unsigned long long get64(const char* p) {
+  return static_cast<unsigned long long>(get32(p)) | (static_cast<unsigned long long>(get32(p + 4)) << 32);
+}
+inline unsigned long long doubleBits(double d) {
+  unsigned long long v;
+  std::memcpy(&v, &d, sizeof v);
+  return v;
+}
+inline double bitsDouble(unsigned long long v) {
+  double d;
+  std::memcpy(&d, &v, sizeof d);
+  return d;
+}
+
+}  // namespace binarybytes
+}  // namespace qsa
+
+#endif

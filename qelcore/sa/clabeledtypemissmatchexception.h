@@ -1,0 +1,34 @@
+// A type mismatch of a reader that names the last label it read, which
+// usually tells which member of a stored object went wrong.
+#ifndef QELCORE_SA_CLABELEDTYPEMISSMATCHEXCEPTION_H
+#define QELCORE_SA_CLABELEDTYPEMISSMATCHEXCEPTION_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/ctypemissmatchexception.h"
+
+namespace qsa {
+
+class QEL_EXPORT cLabeledTypeMissmatchException : public qstd::cTypeMissmatchException {
+public:
+  cLabeledTypeMissmatchException();
+  cLabeledTypeMissmatchException(const qstd::cAsciiString& expected, const qstd::cAsciiString& got,
+                                 const qstd::cAsciiString& label);
+  cLabeledTypeMissmatchException(const cLabeledTypeMissmatchException& other);
+  cLabeledTypeMissmatchException& operator=(const cLabeledTypeMissmatchException& other);
+  ~cLabeledTypeMissmatchException() override;
+  void swap(cLabeledTypeMissmatchException& other);
+
+  qstd::cAbstractException* createObject() const override;
+  qstd::cAbstractException* clone() const override;
+  qstd::cAsciiString typeName() const override;
+
+  const qstd::cAsciiString& label() const { return mLabel; }
+
+private:
+  qstd::cAsciiString mLabel;
+};
+
+}  // namespace qsa
+
+#endif

@@ -1,0 +1,79 @@
+#include "qelcore/sa/csaexceptions.h"
+
+#include "qelcore/sa/clabeledtypemissmatchexception.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cbugexception.h"
+#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/std/ctypemissmatchexception.h"
+#include "qelcore/ucs/climessage.h"
+
+namespace qsa {
+
+void cSAExceptions::throwEndOfContext() {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Unable to deserialize - end of context!";
+  throw qstd::cRuntimeException(msg, __FILE__, __LINE__);
+}
+
+void cSAExceptions::throwLabelNotFound(const qstd::cAsciiString& label) {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Unable to deserialize - label (\"%label%\") not found in current context!" << label;
+  throw qstd::cRuntimeException(msg, __FILE__, __LINE__);
+}
+
+void cSAExceptions::throwSerializationError(const qstd::cAbstractException& cause,
+                                            const qstd::cAsciiString& className) {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Serialization error (%class%)!" << className;
+  qstd::cRuntimeException e(msg, __FILE__, __LINE__);
+  e.link(cause);
+  throw e;
+}
+
+void cSAExceptions::throwDeserializationError(const qstd::cAbstractException& cause,
+                                              const qstd::cAsciiString& className) {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Deserialization error in (%class%)!" << className;
+  qstd::cRuntimeException e(msg, __FILE__, __LINE__);
+  e.link(cause);
+  throw e;
+}
+
+void cSAExceptions::throwContextRefNoImpl() {
+  qucs::cLIMessage msg;
+  msg << "$QTR$cContextRef::unguardImpl(): no valid reference!";
+  throw qstd::cRuntimeException(msg, __FILE__, __LINE__);
+}
+
+void cSAExceptions::throwUnserializable(const char* typeName) {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Attempt to serialize the local type %type%!" << qstd::cAsciiString(typeName ? typeName : "unknown");
+  throw qstd::cBugException(msg, __FILE__, __LINE__);
+}
+
+void cSAExceptions::throwSerializerClearWithOpenContexts() {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Calling erase() with open contexts is invalid!";
+  throw qstd::cBugException(msg, __FILE__, __LINE__);
+}
+
+void cSAExceptions::throwSerializerDataWithOpenContexts() {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Calling data() with open contexts is invalid!";
+  throw qstd::cBugException(msg, __FILE__, __LINE__);
+}
+
+void cSAExceptions::throwInvalidTypeId(long long id) {
+  qucs::cLIMessage msg;
+  msg << "$QTR$Invalid type id (%id%) while deserializing!" << id;
+  throw qstd::cRuntimeException(msg, __FILE__, __LINE__);
+}
+
+void cSAExceptions::throwTypeMissmatch(const qstd::cAsciiString& expected, const qstd::cAsciiString& got,
+                                       const qstd::cAsciiString& lastLabel) {
+  if (lastLabel.empty()) throw qstd::cTypeMissmatchException(expected, got);
+  throw cLabeledTypeMissmatchException(expected, got, lastLabel);
+}
+
+}  // namespace qsa

@@ -1,0 +1,272 @@
+#include "qelcore/sa/cserializebinary.h"
+
+#include "qelcore/sa/cabstracttypereference.h"
+#include "qelcore/sa/cbinarybytes.h"
+#include "qelcore/sa/csaexceptions.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/ucs/cendecutf8.h"
+#include "qelcore/ucs/cstring.h"
+
+namespace qsa {
+
+using namespace binarybytes;
+
+namespace {
+
+// Puts the write position back unless the operation completed.
+class cPosGuard {
+public:
+  explicit cPosGuard(unsigned int& pos) : mrPos(pos), miSaved(pos), mbCommitted(false) {}
+  ~cPosGuard() {
+    if (!mbCommitted) mrPos = miSaved;
+  }
+  void commit() { mbCommitted = true; }
+  unsigned int saved() const { return miSaved; }
+
+private:
+  unsigned int& mrPos;
+  unsigned int miSaved;
+  bool mbCommitted;
+};
+
+}  // namespace
+
+cSerializeBinary::cSerializeBinary()
+    : mrData(mOwnData), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
+  setPreferNoLabels(true);
+}
+
+cSerializeBinary::cSerializeBinary(qstd::tArray<char>& target)
+    : mrData(target), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
+  setPreferNoLabels(true);
+}
+
+cSerializeBinary::cSerializeBinary(const cSerializeBinary& other)
+    : cAbstractSerializer(other),
+      mOwnData(other.mrData.size() ? other.mrData.data() : 0, other.miPos),
+      mrData(mOwnData),
+      miPos(other.miPos),
+      mpCurrent(0),
+      meStringStoreMode(other.meStringStoreMode) {}
+
+cSerializeBinary::~cSerializeBinary() { detachContexts(); }
+
+void cSerializeBinary::detachContexts() {
+  // Guards that outlive the archive must not touch it any more.
+  for (cSBinaryStoreContextData* p = mpCurrent; p; p = p->mpEnclosing) {
+    p->mbLeft = true;
+    p->mpSerializer = 0;
+  }
+  mpCurrent = 0;
+}
+
+char* cSerializeBinary::reserve(unsigned int n) {
+  const unsigned long long need = static_cast<unsigned long long>(miPos) + n;
+  const unsigned int size = mrData.size();
+  if (need > size) {
+    if (need > 0xFFFFFFFFull)
+      qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "storeRaw", qstd::OutOfRangeSize,
+                                            static_cast<long long>(need), 0, 0xFFFFFFFFll);
+    if (need > mrData._poolSize()) {
+      // The array grows in sectors of 2^growStep; a sector of about half the
+      // new size makes the growth geometric, so long archives are not copied
+      // over and over.
+      const unsigned int oldStep = mrData.growStep();
+      unsigned int step = 5;
+      while (step < 30 && (1ull << (step + 1)) <= need) ++step;
+      if (step > (oldStep & 31)) mrData.setGrowStep(step);
+      try {
+        mrData.appendElements(static_cast<unsigned int>(need) - size);
+      } catch (...) {
+        mrData.setGrowStep(oldStep);
+        throw;
+      }
+      mrData.setGrowStep(oldStep);
+    } else {
+      mrData.appendElements(static_cast<unsigned int>(need) - size);
+    }
+  }
+  return mrData.data() + miPos;
+}
+
+void cSerializeBinary::storeTypeId(unsigned int id) {
+  put32(reserve(4), id);
+  miPos += 4;
+}
+
+void cSerializeBinary::storeRaw(const char* p, unsigned int n) {
+  if (!p || n == 0) return;
+  std::memcpy(reserve(n), p, n);
+  miPos += n;
+}
+
+void cSerializeBinary::storeBlock(const char* pData, unsigned int iSize) {
+  cPosGuard guard(miPos);
+  if (iSize < 0xFFFFFFFFu) {
+    char* p = reserve(8);
+    put32(p, idRawBytes);
+    put32(p + 4, iSize);
+    miPos += 8;
+  } else {
+    char* p = reserve(12);
+    put32(p, idRawBytes64);
+    put64(p + 4, iSize);
+    miPos += 12;
+  }
+  storeRaw(pData, iSize);
+  guard.commit();
+}
+
+void cSerializeBinary::store(const qucs::cString& value) {
+  cPosGuard guard(miPos);
+  const unsigned int n = value.size();
+  if (meStringStoreMode == StoreUCS4) {
+    if (n > (0xFFFFFFFFu - 8) / 4)
+      qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "store", qstd::OutOfRangeSize, n, 0,
+                                            (0xFFFFFFFFu - 8) / 4);
+    char* p = reserve(8 + n * 4);
+    put32(p, idString);
+    put32(p + 4, n);
+    const unsigned int* pChars = value.data(true);
+    for (unsigned int i = 0; i < n; ++i) put32(p + 8 + 4 * i, pChars[i]);
+    miPos += 8 + n * 4;
+  } else if (meStringStoreMode == StoreUTF8) {
+    qstd::tArray<char> bytes;
+    qucs::cEnDecUTF8::defaultEnDec().encode(value, bytes);
+    char* p = reserve(8);
+    put32(p, idStringUTF8);
+    put32(p + 4, bytes.size());
+    miPos += 8;
+    storeRaw(bytes.data(true), bytes.size());
+  }
+  guard.commit();
+}
+
+void cSerializeBinary::store(const qstd::cAsciiString& value) {
+  const unsigned int n = value.size();
+  if (n > 0xFFFFFFFFu - 8)
+    qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "store", qstd::OutOfRangeSize, n, 0, 0xFFFFFFFFu - 8);
+  // One reservation for the whole element: nothing can fail after it.
+  char* p = reserveFast(8 + n);
+  put32(p, idAsciiString);
+  put32(p + 4, n);
+  if (n) std::memcpy(p + 8, value.c_str(), n);
+  miPos += 8 + n;
+}
+
+void cSerializeBinary::rewind() { miPos = mpCurrent ? mpCurrent->miHeaderEnd : 0; }
+
+void cSerializeBinary::clear() {
+  if (mpCurrent) cSAExceptions::throwSerializerClearWithOpenContexts();
+  mrData.clear();
+  miPos = 0;
+}
+
+cContextRef cSerializeBinary::newContext(const char* pName) {
+  cPosGuard guard(miPos);
+  const unsigned int begin = miPos;
+  storeTypeId(idContext);
+  const unsigned int sizePos = miPos;
+  store(0u);
+  store(pName != 0);
+  if (pName) store(qstd::cAsciiString(pName));
+  cSBinaryStoreContextData* pData = new cSBinaryStoreContextData(*this, mpCurrent, begin, sizePos);
+  mpCurrent = pData;
+  guard.commit();
+  return cContextRef(pData);
+}
+
+void cSerializeBinary::releaseCurrentContext() {
+  if (!mpCurrent) return;
+  cSBinaryStoreContextData* pData = mpCurrent;
+  pData->finish();
+  pData->leave();
+}
+
+cAbstractSerializer& cSerializeBinary::newLabel(const qstd::cAsciiString& name) {
+  cPosGuard guard(miPos);
+  storeTypeId(idLabel);
+  store(name);
+  guard.commit();
+  return *this;
+}
+
+qstd::tArrayRef<char> cSerializeBinary::data() {
+  if (mpCurrent) cSAExceptions::throwSerializerDataWithOpenContexts();
+  return qstd::tArrayRef<char>(mrData, 0, miPos);
+}
+
+void cSerializeBinary::swapData(qstd::tArray<char>& other) {
+  if (mpCurrent) cSAExceptions::throwSerializerDataWithOpenContexts();
+  if (mrData.size() > miPos) mrData.truncate(miPos);
+  mrData.swap(other);
+  miPos = mrData.size();
+}
+
+qstd::tArray<char>& cSerializeBinary::ownData() {
+  if (mrData.size() > miPos) mrData.truncate(miPos);
+  return mrData;
+}
+
+void cSerializeBinary::patch(unsigned int position, const cAbstractTypeReference& value) {
+  // Written as a fresh element elsewhere first, so that a value of another
+  // size is refused before anything is overwritten.
+  cSerializeBinary element;
+  element.setStringStoreMode(meStringStoreMode);
+  value.store(element);
+  const unsigned int n = element.miPos;
+  if (static_cast<unsigned long long>(position) + n > miPos)
+    qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "patch", qstd::OutOfRangeValue, position, 0,
+                                          miPos >= n ? miPos - n : 0);
+  if (n == 0) return;
+  if (get32(mrData.data() + position) != get32(element.mrData.data()))
+    qstd::cSTDExceptions::throwTypeMissmatch(qstd::cAsciiString(idToString(get32(element.mrData.data()))),
+                                             qstd::cAsciiString(idToString(get32(mrData.data() + position))));
+  std::memcpy(mrData.data() + position, element.mrData.data(), n);
+}
+
+// ---------------------------------------------------------------------------
+
+cSBinaryStoreContextData::cSBinaryStoreContextData(cSerializeBinary& serializer, cSBinaryStoreContextData* pEnclosing,
+                                                   unsigned int iBegin, unsigned int iSizePos)
+    : mpSerializer(&serializer),
+      mpEnclosing(pEnclosing),
+      miBegin(iBegin),
+      miSizePos(iSizePos),
+      miHeaderEnd(serializer.miPos),
+      miEnd(0),
+      mbFinished(false),
+      mbLeft(false) {}
+
+cSBinaryStoreContextData::~cSBinaryStoreContextData() { leave(); }
+
+void cSBinaryStoreContextData::finish() {
+  if (mbLeft || mbFinished) return;
+  cSerializeBinary& s = *mpSerializer;
+  miEnd = s.miPos;
+  // The size element was written with the header, so it is overwritten in place.
+  put32(s.mrData.data() + miSizePos + 4, miEnd - miSizePos);
+  mbFinished = true;
+}
+
+void cSBinaryStoreContextData::rewind() {
+  if (mbLeft) return;
+  mpSerializer->miPos = miHeaderEnd;
+}
+
+void cSBinaryStoreContextData::leave() {
+  if (mbLeft) return;
+  cSerializeBinary& s = *mpSerializer;
+  // Contexts opened inside this one and still held elsewhere are dropped with it.
+  while (s.mpCurrent && s.mpCurrent != this) {
+    cSBinaryStoreContextData* pInner = s.mpCurrent;
+    pInner->mbLeft = true;
+    s.mpCurrent = pInner->mpEnclosing;
+  }
+  s.miPos = mbFinished ? miEnd : miBegin;
+  s.mpCurrent = mpEnclosing;
+  mbLeft = true;
+}
+
+}  // namespace qsa

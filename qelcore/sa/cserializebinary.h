@@ -1,0 +1,139 @@
+// The binary archive writer: values as tagged little-endian elements in a
+// growing byte array (see cSerializeBinaryShared for the type ids).
+//
+// Every operation is transactional on the write position: one that fails
+// leaves the position where it was, so nothing of it counts. The position may
+// lie before the end of the array (after a dropped context, rewind() or
+// patch()): writes then overwrite in place.
+#ifndef QELCORE_SA_CSERIALIZEBINARY_H
+#define QELCORE_SA_CSERIALIZEBINARY_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/sa/cbinarybytes.h"
+#include "qelcore/sa/cserializebinaryshared.h"
+#include "qelcore/sa/csbinarystorecontextdata.h"
+#include "qelcore/std/tarray.h"
+#include "qelcore/std/tarrayref.h"
+
+namespace qsa {
+
+class cAbstractTypeReference;
+
+class QEL_EXPORT cSerializeBinary : public cAbstractSerializer, public cSerializeBinaryShared {
+public:
+  enum StringStoreMode : unsigned int {
+    // Unicode strings as their 32-bit characters (id 11).
+    StoreUCS4 = 0,
+    // Unicode strings as UTF-8 (id 16).
+    StoreUTF8 = 1
+  };
+
+  cSerializeBinary();
+  // Writes into `target` (not owned), from its beginning.
+  explicit cSerializeBinary(qstd::tArray<char>& target);
+  // Copies the written bytes into an array of its own; open contexts stay behind.
+  cSerializeBinary(const cSerializeBinary& other);
+  ~cSerializeBinary() override;
+
+  void storeBlock(const char* pData, unsigned int iSize) override;
+  void store(const qucs::cString& value) override;
+  void store(const qstd::cAsciiString& value) final;
+  // The fixed-width values are written inline; the format is fixed, so a
+  // derived archive cannot change them.
+  void store(double value) final { putFixed(idDouble, binarybytes::doubleBits(value)); }
+  void store(bool value) final { putFixed(idBool, value ? 1u : 0u); }
+  void store(long long value) final { putFixed(idInt64, static_cast<unsigned long long>(value)); }
+  void store(unsigned long long value) final { putFixed(idUInt64, value); }
+  void store(int value) final { putFixed(idInt32, static_cast<unsigned int>(value)); }
+  void store(unsigned int value) final { putFixed(idUInt32, value); }
+  void store(short value) final { putFixed(idInt16, static_cast<unsigned short>(value)); }
+  void store(unsigned short value) final { putFixed(idUInt16, value); }
+  void store(char value) final { putFixed(idChar, static_cast<unsigned char>(value)); }
+  void store(unsigned char value) final { putFixed(idUChar, value); }
+  using cAbstractSerializer::store;
+
+  // Back to the first element of the open context, or of the archive.
+  void rewind() override;
+  // Empties the archive; refused while a context is open.
+  void clear() override;
+  cContextRef newContext(const char* pName) override;
+  void releaseCurrentContext() override;
+  cAbstractSerializer& newLabel(const qstd::cAsciiString& name) override;
+  // The written bytes; refused while a context is open.
+  qstd::tArrayRef<char> data() override;
+  // Exchanges the written bytes with `other`; writing goes on after what
+  // `other` held. Refused while a context is open.
+  void swapData(qstd::tArray<char>& other) override;
+
+  // The array written into, cut to the written bytes.
+  qstd::tArray<char>& ownData();
+  // Rewrites the element at `position` (which must be of the same size) with
+  // the referenced value; the write position stays.
+  void patch(unsigned int position, const cAbstractTypeReference& value);
+  unsigned int currentPos() const { return miPos; }
+  void setStringStoreMode(StringStoreMode mode) { meStringStoreMode = mode; }
+  StringStoreMode stringStoreMode() const { return meStringStoreMode; }
+
+private:
+  friend class cSBinaryStoreContextData;
+  cSerializeBinary& operator=(const cSerializeBinary&) = delete;
+
+  // Makes room for n bytes at the write position; returns where they go.
+  char* reserve(unsigned int n);
+  char* reserveFast(unsigned int n) {
+    const unsigned int end = miPos + n;
+    if (end >= miPos && end <= mrData.size()) return mrData.begin() + miPos;
+    return reserve(n);
+  }
+  void putFixed(unsigned int id, unsigned char v) {
+    char* p = reserveFast(5);
+    binarybytes::put32(p, id);
+    p[4] = static_cast<char>(v);
+    miPos += 5;
+  }
+  void putFixed(unsigned int id, unsigned short v) {
+    char* p = reserveFast(6);
+    binarybytes::put32(p, id);
+    binarybytes::put16(p + 4, v);
+    miPos += 6;
+  }
+  void putFixed(unsigned int id, unsigned int v) {
+    char* p = reserveFast(8);
+    binarybytes::put32(p, id);
+    binarybytes::put32(p + 4, v);
+    miPos += 8;
+  }
+  void putFixed(unsigned int id, unsigned long long v) {
+    char* p = reserveFast(12);
+    binarybytes::put32(p, id);
+    binarybytes::put64(p + 4, v);
+    miPos += 12;
+  }
+  void storeTypeId(unsigned int id);
+  void storeRaw(const char* p, unsigned int n);
+  void detachContexts();
+
+  qstd::tArray<char> mOwnData;
+  qstd::tArray<char>& mrData;
+  unsigned int miPos;
+  cSBinaryStoreContextData* mpCurrent;
+  StringStoreMode meStringStoreMode;
+};
+
+// Streaming into a binary archive by its own type writes inline.
+inline cSerializeBinary& operator>>(char v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned char v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(short v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned short v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(int v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned int v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(double v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(long long v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(unsigned long long v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) { s.store(v); return s; }
+
+}  // namespace qsa
+
+#endif

@@ -1,0 +1,213 @@
+// The byte layout of the binary writer: one vector per element type, and
+// contexts and labels as they appear on the wire.
+#include <gtest/gtest.h>
+
+#include "archivetestutil.h"
+#include "qelcore/sa/ccontext.h"
+#include "qelcore/sa/csaexceptions.h"
+#include "qelcore/sa/cserializebinary.h"
+#include "qelcore/sa/cserializetotypestring.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cbugexception.h"
+#include "qelcore/ucs/cstring.h"
+
+using namespace satest;
+using qsa::cSerializeBinary;
+
+TEST(BinaryLayout, EveryFixedWidthTypeHasItsIdAndLittleEndianPayload) {
+  cSerializeBinary s;
+  static_cast<unsigned char>(0xAB) >> s;
+  'x' >> s;
+  0x01020304u >> s;
+  -2 >> s;
+  0x0102030405060708ull >> s;
+  -3ll >> s;
+  true >> s;
+  false >> s;
+  1.0 >> s;
+  static_cast<unsigned short>(0xBEEF) >> s;
+  static_cast<short>(-1) >> s;
+
+  Bytes e;
+  u32(e, 2); e.push_back(0xAB);
+  u32(e, 3); e.push_back('x');
+  u32(e, 4); u32(e, 0x01020304u);
+  u32(e, 5); u32(e, 0xFFFFFFFEu);
+  u32(e, 6); u64(e, 0x0102030405060708ull);
+  u32(e, 7); u64(e, 0xFFFFFFFFFFFFFFFDull);
+  u32(e, 8); u32(e, 1);
+  u32(e, 8); u32(e, 0);
+  u32(e, 9); u64(e, 0x3FF0000000000000ull);
+  u32(e, 17); e.push_back(0xEF); e.push_back(0xBE);
+  u32(e, 18); e.push_back(0xFF); e.push_back(0xFF);
+  EXPECT_EQ(bytesOf(s), e);
+}
+
+TEST(BinaryLayout, StringsAndBlocks) {
+  cSerializeBinary s;
+  qstd::cAsciiString() >> s;
+  qstd::cAsciiString("ab") >> s;
+  qucs::cString("A\xE9") >> s;  // 'A' and U+00E9
+  s.setStringStoreMode(cSerializeBinary::StoreUTF8);
+  qucs::cString("A\xE9") >> s;
+  qucs::cString() >> s;
+  qstd::tArray<char>("xyz", 3) >> s;
+  s.storeBlock(0, 0);
+
+  Bytes e = words({10, 0});                    // empty ASCII string: exactly 8 bytes
+  e = cat(e, words({10, 2}));
+  e.push_back('a'); e.push_back('b');
+  e = cat(e, words({11, 2, 'A', 0xE9}));       // 32-bit characters
+  e = cat(e, words({16, 3}));                   // UTF-8
+  e.push_back('A'); e.push_back(0xC3); e.push_back(0xA9);
+  e = cat(e, words({16, 0}));
+  e = cat(e, words({1, 3}));
+  e.push_back('x'); e.push_back('y'); e.push_back('z');
+  e = cat(e, words({1, 0}));
+  EXPECT_EQ(bytesOf(s), e);
+}
+
+TEST(BinaryLayout, UnknownStringModeStoresNothing) {
+  cSerializeBinary s;
+  s.setStringStoreMode(static_cast<cSerializeBinary::StringStoreMode>(7));
+  qucs::cString("abc") >> s;
+  EXPECT_EQ(s.currentPos(), 0u);
+}
+
+TEST(BinaryLayout, ContextsWithAndWithoutName) {
+  cSerializeBinary s;
+  {
+    qsa::cContext c(s.newContext("a"));
+    c.release();
+  }
+  // 29 bytes; the size counts from the size element to the end: 25.
+  Bytes named = words({12, 4, 25, 8, 1, 10, 1});
+  named.push_back('a');
+  EXPECT_EQ(bytesOf(s), named);
+
+  cSerializeBinary u;
+  {
+    qsa::cContext c(u.newContext(0));
+    7 >> u;
+    c.release();
+  }
+  EXPECT_EQ(bytesOf(u), words({12, 4, 24, 8, 0, 5, 7}));
+}
+
+TEST(BinaryLayout, NestedContextSizesAndLabels) {
+  cSerializeBinary s;
+  {
+    qsa::cContext outer(s.newContext(0));
+    1u >> s.newLabel("n");
+    {
+      qsa::cContext inner(s.newContext(0));
+      inner.release();
+    }
+    outer.release();
+  }
+  Bytes e = words({12, 4, 0, 8, 0});
+  e = cat(e, words({13, 10, 1}));
+  e.push_back('n');
+  e = cat(e, words({4, 1}));
+  e = cat(e, words({12, 4, 16, 8, 0}));
+  const unsigned int outerSize = static_cast<unsigned int>(e.size()) - 4;
+  e[8] = static_cast<unsigned char>(outerSize);
+  EXPECT_EQ(bytesOf(s), e);
+}
+
+TEST(BinaryLayout, AbandonedContextLeavesNoTrace) {
+  cSerializeBinary s;
+  1 >> s;
+  try {
+    qsa::cContext c(s.newContext("dropped"));
+    2 >> s;
+    throw 42;
+  } catch (int) {
+  }
+  EXPECT_EQ(s.currentPos(), 8u);
+  3 >> s;  // overwrites what the abandoned context left behind
+  EXPECT_EQ(bytesOf(s), words({5, 1, 5, 3}));
+}
+
+TEST(BinaryLayout, ReleaseCurrentContextFinishesTheInnermost) {
+  cSerializeBinary s;
+  qsa::cContextRef ref = s.newContext(0);
+  5u >> s;
+  s.releaseCurrentContext();
+  6u >> s;
+  EXPECT_EQ(bytesOf(s), words({12, 4, 24, 8, 0, 4, 5, 4, 6}));
+}
+
+TEST(BinaryLayout, ClearAndDataAreRefusedWithOpenContexts) {
+  cSerializeBinary s;
+  qsa::cContext c(s.newContext(0));
+  try {
+    s.data();
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    qstd::cAsciiString text;
+    e.liMessage()->untranslated(text);
+    EXPECT_STREQ(text.c_str(), "Calling data() with open contexts is invalid!");
+  }
+  try {
+    s.clear();
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    qstd::cAsciiString text;
+    e.liMessage()->untranslated(text);
+    EXPECT_STREQ(text.c_str(), "Calling erase() with open contexts is invalid!");
+  }
+  c.release();
+  EXPECT_EQ(s.data().size(), 20u);
+}
+
+TEST(BinaryLayout, WritingIntoAnOutsideArrayAndSwapping) {
+  qstd::tArray<char> target;
+  {
+    cSerializeBinary s(target);
+    9u >> s;
+    EXPECT_EQ(&s.ownData(), &target);
+  }
+  EXPECT_EQ(target.size(), 8u);
+
+  cSerializeBinary s;
+  1u >> s;
+  qstd::tArray<char> other;
+  s.swapData(other);
+  EXPECT_EQ(other.size(), 8u);
+  EXPECT_EQ(s.data().size(), 0u);
+  2u >> s;
+  EXPECT_EQ(bytesOf(s), words({4, 2}));
+}
+
+TEST(BinaryLayout, RewindOverwritesFromTheStartOfTheContext) {
+  cSerializeBinary s;
+  1u >> s;
+  {
+    qsa::cContext c(s.newContext(0));
+    2u >> s;
+    s.rewind();
+    3u >> s;
+    c.release();
+  }
+  EXPECT_EQ(bytesOf(s), words({4, 1, 12, 4, 24, 8, 0, 4, 3}));
+  s.rewind();
+  EXPECT_EQ(s.currentPos(), 0u);
+}
+
+namespace {
+// An archive that leaves 16-bit values to the base.
+class cNo16BitTypes : public qsa::cSerializeToTypeString {
+public:
+  void store(short v) override { qsa::cAbstractSerializer::store(v); }
+  void store(unsigned short v) override { qsa::cAbstractSerializer::store(v); }
+  using qsa::cSerializeToTypeString::store;
+};
+}  // namespace
+
+TEST(BinaryLayout, BaseStoresSixteenBitValuesAsThirtyTwo) {
+  cNo16BitTypes s;
+  static_cast<short>(-2) >> s;
+  static_cast<unsigned short>(7) >> s;
+  EXPECT_STREQ(s.typeString().c_str(), "piInt32, piUInt32");
+}
