@@ -153,9 +153,7 @@ cAsciiString cAsciiString::lowerCase() const {
 // leaves the string unchanged.
 
 cAsciiString& cAsciiString::setNum32(int value) { return setNum(value, cNumberConversionFormat::systemDefault()); }
-cAsciiString& cAsciiString::setNum32(int value, const cNumberConversionFormat& format) {
-  return setNum(value, format);
-}
+cAsciiString& cAsciiString::setNum32(int value, const cNumberConversionFormat& format) { return setNum(value, format); }
 cAsciiString& cAsciiString::setUNum32(unsigned int value) {
   return setUNum(value, cNumberConversionFormat::systemDefault());
 }
@@ -189,9 +187,7 @@ cAsciiString& cAsciiString::setDouble(double value, const cNumberConversionForma
 }
 
 cAsciiString& cAsciiString::addNum32(int value) { return addNum(value, cNumberConversionFormat::systemDefault()); }
-cAsciiString& cAsciiString::addNum32(int value, const cNumberConversionFormat& format) {
-  return addNum(value, format);
-}
+cAsciiString& cAsciiString::addNum32(int value, const cNumberConversionFormat& format) { return addNum(value, format); }
 cAsciiString& cAsciiString::addUNum32(unsigned int value) {
   return addUNum(value, cNumberConversionFormat::systemDefault());
 }

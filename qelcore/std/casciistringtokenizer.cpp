@@ -8,8 +8,8 @@ namespace {
 unsigned int lengthOf(const char* set) { return set == nullptr ? 0 : static_cast<unsigned int>(std::strlen(set)); }
 }  // namespace
 
-cAsciiStringTokenizer::cAsciiStringTokenizer(const cAsciiString& text, const char* separators,
-                                             const char* keyTokens, bool emptyTokens)
+cAsciiStringTokenizer::cAsciiStringTokenizer(const cAsciiString& text, const char* separators, const char* keyTokens,
+                                             bool emptyTokens)
     : mText(text),
       mTokenizer(mText.c_str(), mText.size(), separators, lengthOf(separators), keyTokens, lengthOf(keyTokens),
                  emptyTokens),

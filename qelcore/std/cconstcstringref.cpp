@@ -24,8 +24,7 @@ char cConstCStringRef::at(unsigned int i) const {
 }
 
 bool cConstCStringRef::operator==(const cConstCStringRef& other) const {
-  return miLength == other.miLength &&
-         (miLength == 0 || std::memcmp(c_str(), other.c_str(), miLength) == 0);
+  return miLength == other.miLength && (miLength == 0 || std::memcmp(c_str(), other.c_str(), miLength) == 0);
 }
 
 }  // namespace qstd

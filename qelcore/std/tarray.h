@@ -38,7 +38,8 @@ public:
 
   static constexpr unsigned int DefaultGrowStep = 5;
 
-  tArray() : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
+  tArray()
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     resizePool(0, false);
   }
   // `n` elements of unspecified content.
@@ -47,7 +48,8 @@ public:
     resizePool(n, false);
   }
   // Copies a run terminated by a zero element.
-  tArray(const T* pFrom) : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
+  tArray(const T* pFrom)
+      : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     QEL_ASSERT(pFrom != 0, "std/tarray");
     initFrom(pFrom, arrayops::terminatedLength(pFrom));
   }
@@ -59,7 +61,12 @@ public:
     initFrom(pFrom, n);
   }
   tArray(const tArray& other)
-      : mpPool(nullptr), miPoolSize(0), miGrowStep(other.miGrowStep), miSize(0), mbFitOnErase(other.mbFitOnErase), miAllocated(0) {
+      : mpPool(nullptr),
+        miPoolSize(0),
+        miGrowStep(other.miGrowStep),
+        miSize(0),
+        mbFitOnErase(other.mbFitOnErase),
+        miAllocated(0) {
     initFrom(other.mpPool, other.miSize);
   }
   // Takes the pool over; `other` is left empty without a pool.
@@ -206,6 +213,9 @@ public:
     return append(pFrom, arrayops::terminatedLength(pFrom));
   }
   unsigned int append(const T* pFrom, unsigned int n) {
+    if (n > 0) {
+      QEL_ASSERT(pFrom != 0, "std/tarray");
+    }
     const unsigned int at = miSize;
     if (n == 0) {
       return at;
@@ -251,6 +261,9 @@ public:
     insert(at, pFrom, arrayops::terminatedLength(pFrom));
   }
   void insert(unsigned int at, const T* pFrom, unsigned int n) {
+    if (n > 0) {
+      QEL_ASSERT(pFrom != 0, "std/tarray");
+    }
     arrayops::checkPosition("tArray", "insert", at, miSize);
     arrayops::checkGrowth("tArray", "insert", miSize, n);
     if (n == 0) {
@@ -316,6 +329,9 @@ public:
     return find(what, arrayops::terminatedLength(what), found, start, count);
   }
   unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tarray");
+    }
     arrayops::checkRange("tArray", "find", start, 0, miSize);
     const unsigned int end = arrayops::searchEnd(start, count, miSize);
     const unsigned int at = arrayops::search(mpPool, start, end, what, n);
@@ -343,6 +359,9 @@ public:
     return beginsWith(what, arrayops::terminatedLength(what));
   }
   bool beginsWith(const T* what, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tarray");
+    }
     return n <= miSize && arrayops::sameElements(mpPool, what, n);
   }
   bool endsWith(const T* what) const {
@@ -350,6 +369,9 @@ public:
     return endsWith(what, arrayops::terminatedLength(what));
   }
   bool endsWith(const T* what, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tarray");
+    }
     return n <= miSize && arrayops::sameElements(mpPool + (miSize - n), what, n);
   }
 
@@ -408,12 +430,18 @@ public:
   // Three-way comparison: an array that never had a pool is "less" than any
   // non-null pointer, even of length 0.
   int relation(const tArray& other) const { return relation(other.mpPool, other.miSize); }
-  int relation(const T* p, unsigned int n) const {
-    return arrayops::relation(mpPool != nullptr, mpPool, miSize, p, n);
+  int relation(const T* p, unsigned int n) const { return arrayops::relation(mpPool != nullptr, mpPool, miSize, p, n); }
+  bool isEqual(const T* p, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(p != 0, "std/tarray");
+    }
+    return n == miSize && arrayops::sameElements(mpPool, p, n);
   }
-  bool isEqual(const T* p, unsigned int n) const { return n == miSize && arrayops::sameElements(mpPool, p, n); }
   // Whether the elements from `start` on begin with p[0, n).
   bool isEqual(const T* p, unsigned int n, unsigned int start) const {
+    if (n > 0) {
+      QEL_ASSERT(p != 0, "std/tarray");
+    }
     return start <= miSize && n <= miSize - start && arrayops::sameElements(mpPool + start, p, n);
   }
 

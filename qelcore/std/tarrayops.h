@@ -15,8 +15,7 @@ enum { RangeIndex = OutOfRangeIndex, RangeValue = OutOfRangeValue, RangeSize = O
 
 [[noreturn]] inline void outOfRange(const char* container, const char* operation, int type, long long value,
                                     long long min, long long max) {
-  cSTDExceptions::throwOutOfRange(container, operation, static_cast<OutOfRangeType>(type),
-                                  value, min, max);
+  cSTDExceptions::throwOutOfRange(container, operation, static_cast<OutOfRangeType>(type), value, min, max);
 }
 
 // Element index: index < size.

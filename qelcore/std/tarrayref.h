@@ -105,6 +105,9 @@ public:
     return find(what, arrayops::terminatedLength(what), found, start, count);
   }
   unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tarrayref");
+    }
     arrayops::checkRange("tArrayRef", "find", start, 0, miLength);
     const unsigned int end = arrayops::searchEnd(start, count, miLength);
     const unsigned int at = arrayops::search(elements(), start, end, what, n);
@@ -131,6 +134,9 @@ public:
     return beginsWith(what, arrayops::terminatedLength(what));
   }
   bool beginsWith(const T* what, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tarrayref");
+    }
     return n <= miLength && arrayops::sameElements(elements(), what, n);
   }
   bool endsWith(const T* what) const {
@@ -138,10 +144,21 @@ public:
     return endsWith(what, arrayops::terminatedLength(what));
   }
   bool endsWith(const T* what, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tarrayref");
+    }
     return n <= miLength && arrayops::sameElements(elements() + (miLength - n), what, n);
   }
-  bool isEqual(const T* p, unsigned int n) const { return n == miLength && arrayops::sameElements(elements(), p, n); }
+  bool isEqual(const T* p, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(p != 0, "std/tarrayref");
+    }
+    return n == miLength && arrayops::sameElements(elements(), p, n);
+  }
   bool isEqual(const T* p, unsigned int n, unsigned int start) const {
+    if (n > 0) {
+      QEL_ASSERT(p != 0, "std/tarrayref");
+    }
     return start <= miLength && n <= miLength - start && arrayops::sameElements(elements() + start, p, n);
   }
   int relation(const T* p, unsigned int n) const {
@@ -164,6 +181,9 @@ public:
     return append(&copy, 1);
   }
   unsigned int append(const T* pFrom, unsigned int n) {
+    if (n > 0) {
+      QEL_ASSERT(pFrom != 0, "std/tarrayref");
+    }
     QEL_ASSERT(mpData != 0, "std/tarrayref");
     arrayops::checkGrowth("tArrayRef", "append", miLength, n);
     const unsigned int at = miLength;
@@ -172,6 +192,9 @@ public:
     return at;
   }
   void insert(unsigned int at, const T* pFrom, unsigned int n) {
+    if (n > 0) {
+      QEL_ASSERT(pFrom != 0, "std/tarrayref");
+    }
     QEL_ASSERT(mpData != 0, "std/tarrayref");
     arrayops::checkPosition("tArrayRef", "insert", at, miLength);
     arrayops::checkGrowth("tArrayRef", "insert", miLength, n);
@@ -275,9 +298,9 @@ public:
 
 private:
   const T* elements() const {
-    return (mpData == nullptr || miLength == 0) ? nullptr
-                                                : static_cast<const tAbstractArrayProxy<T>*>(mpData)->proxyProvideData(
-                                                      miOffset, miLength);
+    return (mpData == nullptr || miLength == 0)
+               ? nullptr
+               : static_cast<const tAbstractArrayProxy<T>*>(mpData)->proxyProvideData(miOffset, miLength);
   }
 
   tAbstractArrayProxy<T>* mpData;

@@ -94,6 +94,9 @@ public:
     return find(what, arrayops::terminatedLength(what), found, start, count);
   }
   unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tconstarrayref");
+    }
     arrayops::checkRange("tConstArrayRef", "find", start, 0, miLength);
     const unsigned int end = arrayops::searchEnd(start, count, miLength);
     const unsigned int at = arrayops::search(elements(), start, end, what, n);
@@ -120,6 +123,9 @@ public:
     return beginsWith(what, arrayops::terminatedLength(what));
   }
   bool beginsWith(const T* what, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tconstarrayref");
+    }
     return n <= miLength && arrayops::sameElements(elements(), what, n);
   }
   bool endsWith(const T* what) const {
@@ -127,10 +133,21 @@ public:
     return endsWith(what, arrayops::terminatedLength(what));
   }
   bool endsWith(const T* what, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(what != 0, "std/tconstarrayref");
+    }
     return n <= miLength && arrayops::sameElements(elements() + (miLength - n), what, n);
   }
-  bool isEqual(const T* p, unsigned int n) const { return n == miLength && arrayops::sameElements(elements(), p, n); }
+  bool isEqual(const T* p, unsigned int n) const {
+    if (n > 0) {
+      QEL_ASSERT(p != 0, "std/tconstarrayref");
+    }
+    return n == miLength && arrayops::sameElements(elements(), p, n);
+  }
   bool isEqual(const T* p, unsigned int n, unsigned int start) const {
+    if (n > 0) {
+      QEL_ASSERT(p != 0, "std/tconstarrayref");
+    }
     return start <= miLength && n <= miLength - start && arrayops::sameElements(elements() + start, p, n);
   }
   // As tArray::relation; a view without target counts as never allocated.

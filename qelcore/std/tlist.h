@@ -40,8 +40,8 @@ class tList {
 
   template <bool Const>
   class tIterator {
-    typedef typename std::conditional<Const, typename tEntries::const_iterator, typename tEntries::iterator>::type
-        tBase;
+    typedef
+        typename std::conditional<Const, typename tEntries::const_iterator, typename tEntries::iterator>::type tBase;
 
   public:
     typedef std::forward_iterator_tag iterator_category;

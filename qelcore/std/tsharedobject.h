@@ -16,8 +16,7 @@ public:
   // Owning; a null pointer gives an empty handle.
   explicit tSharedObject(T* p) : mpData(nullptr), mpObject(nullptr) { adopt(p, tAutoPtrType::SingleObject); }
   // Shares an object it does not own.
-  explicit tSharedObject(T& object)
-      : mpData(new tSharedObjectData(false, nullptr, nullptr)), mpObject(&object) {}
+  explicit tSharedObject(T& object) : mpData(new tSharedObjectData(false, nullptr, nullptr)), mpObject(&object) {}
   // Owning, takes the pointer over (an array is freed as an array, a pointer
   // the holder did not own is not freed).
   template <typename U>

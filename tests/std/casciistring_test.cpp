@@ -1,6 +1,7 @@
+#include "qelcore/std/casciistring.h"
+
 #include <gtest/gtest.h>
 
-#include "qelcore/std/casciistring.h"
 #include "qelcore/std/casciistringtokenizer.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cconstcstringref.h"

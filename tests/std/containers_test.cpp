@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"

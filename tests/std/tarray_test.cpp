@@ -1,12 +1,13 @@
-#include <gtest/gtest.h>
+#include "qelcore/std/tarray.h"
 
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/coutofboundsexception.h"
 #include "qelcore/std/coutofrangeexception.h"
-#include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayref.h"
 #include "qelcore/std/tconstarrayref.h"
 #include "qelcore/ucs/climessage.h"
@@ -167,10 +168,11 @@ TEST(tArray, BoundsFailuresNameContainerOperationAndLimits) {
   tArray<char> empty;
   EXPECT_EQ("Index out of range in tArray / proxyPatchData. The index should be between 0 - 0 but is 1!",
             rangeFailure([&] { empty.proxyPatchData(1, 0, "x"); }, qstd::OutOfRangeIndex));
-  EXPECT_NE(std::string::npos, bugFailure([] { tArray<char> n(static_cast<const char*>(nullptr)); })
-                                   .find("Assertion failed in file std/tarray:"));
-  EXPECT_NE(std::string::npos, bugFailure([] { tArray<char> n(static_cast<const char*>(nullptr)); })
-                                   .find("(pFrom != 0)!"));
+  EXPECT_NE(std::string::npos, bugFailure([] {
+                                 tArray<char> n(static_cast<const char*>(nullptr));
+                               }).find("Assertion failed in file std/tarray:"));
+  EXPECT_NE(std::string::npos,
+            bugFailure([] { tArray<char> n(static_cast<const char*>(nullptr)); }).find("(pFrom != 0)!"));
 }
 
 TEST(tArray, InsertAndAppendHandleEndsAndTheirOwnContent) {
