@@ -8,6 +8,27 @@
 namespace qsa {
 namespace binarybytes {
 
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ || defined(_WIN32)
+// The archive's byte order is the machine's: single unaligned moves.
+inline void put32(char* p, unsigned int v) { std::memcpy(p, &v, 4); }
+inline void put16(char* p, unsigned short v) { std::memcpy(p, &v, 2); }
+inline void put64(char* p, unsigned long long v) { std::memcpy(p, &v, 8); }
+inline unsigned int get32(const char* p) {
+  unsigned int v;
+  std::memcpy(&v, p, 4);
+  return v;
+}
+inline unsigned short get16(const char* p) {
+  unsigned short v;
+  std::memcpy(&v, p, 2);
+  return v;
+}
+inline unsigned long long get64(const char* p) {
+  unsigned long long v;
+  std::memcpy(&v, p, 8);
+  return v;
+}
+#else
 inline void put32(char* p, unsigned int v) {
   p[0] = static_cast<char>(v);
   p[1] = static_cast<char>(v >> 8);
@@ -34,6 +55,7 @@ inline unsigned short get16(const char* p) {
 inline unsigned long long get64(const char* p) {
   return static_cast<unsigned long long>(get32(p)) | (static_cast<unsigned long long>(get32(p + 4)) << 32);
 }
+#endif
 inline unsigned long long doubleBits(double d) {
   unsigned long long v;
   std::memcpy(&v, &d, sizeof v);
