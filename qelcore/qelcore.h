@@ -91,4 +91,26 @@
 #include "qelcore/sa/ctypereference.h"
 #include "qelcore/sa/pitypes.h"
 
+// rmi: signals and slots
+#include "qelcore/rmi/cabstractrmifactory.h"
+#include "qelcore/rmi/cabstractsignal.h"
+#include "qelcore/rmi/cabstractslotcall.h"
+#include "qelcore/rmi/cabstractslotcalln.h"
+#include "qelcore/rmi/ccallparametermissmatchexception.h"
+#include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cdirectlocalslotcalln.h"
+#include "qelcore/rmi/cindirectlazyslotcalln.h"
+#include "qelcore/rmi/cindirectresolvingslotcalln.h"
+#include "qelcore/rmi/cnosuchsignalexception.h"
+#include "qelcore/rmi/cnosuchslotexception.h"
+#include "qelcore/rmi/cpublicsignal.h"
+#include "qelcore/rmi/cpublicslot.h"
+#include "qelcore/rmi/crmiexceptionfactory.h"
+#include "qelcore/rmi/crmiexceptions.h"
+#include "qelcore/rmi/cssvalue.h"
+#include "qelcore/rmi/cunconnectedsignalexception.h"
+#include "qelcore/rmi/localsignaln.h"
+#include "qelcore/rmi/signal0.h"
+#include "qelcore/rmi/ttypestring.h"
+
 #endif

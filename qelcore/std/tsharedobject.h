@@ -142,9 +142,7 @@ private:
     if (data == nullptr) {
       return;
     }
-    if (data->dropReference()) {
-      delete data;
-    }
+    tSharedObjectData::release(data);
     mpData = nullptr;
     mpObject = nullptr;
   }

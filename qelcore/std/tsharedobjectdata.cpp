@@ -5,6 +5,10 @@
 
 namespace qstd {
 
+void tSharedObjectData::release(tSharedObjectData* data) {
+  if (data->dropReference()) delete data;
+}
+
 void tSharedObjectData::throwWrongSharedObjectDereference() {
   cSTDExceptions::throwBug(qucs::cLIMessage("$QTR$Invalid shared object dereference!"), __FILE__, __LINE__);
 }

@@ -41,6 +41,10 @@ public:
     }
     return miHandles == 0;
   }
+  // A handle leaves and frees the data when it was the last one. Out of line:
+  // inlined into code with several handles of one data, optimising compilers
+  // cannot see that only the last drop frees it and warn about the others.
+  static void release(tSharedObjectData* data);
   // Ends the object for all handles.
   void invalidate() {
     if (miObjectRefs != 0) {

@@ -104,14 +104,7 @@ inline std::uint64_t load64(const unsigned char* p) {
   return w;
 }
 
-// True when none of the eight bytes is zero or has its high bit set: then
-// every byte is a character of its own.
-inline bool plainAscii8(std::uint64_t w) {
-  const std::uint64_t ones = 0x0101010101010101ull, highs = 0x8080808080808080ull;
-  // A byte of 0 borrows and sets its high bit in w - ones; the lowest such
-  // byte cannot receive a borrow from below, so the test is exact.
-  return ((w | (w - ones)) & highs) == 0;
-}
+inline bool plainAscii(std::uint64_t w) { return (w & 0x8080808080808080ull) == 0; }
 
 // The decoder's errors, out of the way of the loop. `done` receives the
 // characters decoded before the error.
@@ -127,95 +120,105 @@ inline bool plainAscii8(std::uint64_t w) {
 
 // Decodes `n` bytes into `dst` (room for `n` characters) and returns the
 // number of characters; on an error `done` holds those written before it.
+//
+// A zero byte always ends decoding with an error, as a first byte or inside a
+// sequence, and reads exactly like the zero padding behind the input. So the
+// bytes before the first zero are decoded as if they were the whole input,
+// and the loop never has to look for zero bytes.
 unsigned int decodeBytes(const unsigned char* src, unsigned int n, std::uint32_t* dst, unsigned int& done) {
+  const void* zero = std::memchr(src, 0, n);
   const unsigned char* p = src;
-  const unsigned char* const end = src + n;
+  const unsigned char* const end = zero != nullptr ? static_cast<const unsigned char*>(zero) : src + n;
   std::uint32_t* d = dst;
   while (p != end) {
     const unsigned char lead = *p;
-    if (lead - 1u < 0x7Fu) {
-      // Plain ASCII: whole blocks of sixteen or eight bytes where possible,
-      // else byte by byte up to the next byte that is not plain ASCII.
-      if (end - p >= 16 && plainAscii8(load64(p)) && plainAscii8(load64(p + 8))) {
+    if (lead < 0x80) {
+      // ASCII: whole blocks of sixteen or eight bytes where possible, else
+      // byte by byte up to the next byte that is not ASCII.
+      if (end - p >= 16 && plainAscii(load64(p) | load64(p + 8))) {
         do {
           for (unsigned int j = 0; j < 16; ++j) d[j] = p[j];
           p += 16;
           d += 16;
-        } while (end - p >= 16 && plainAscii8(load64(p)) && plainAscii8(load64(p + 8)));
-      } else if (end - p >= 8 && plainAscii8(load64(p))) {
+        } while (end - p >= 16 && plainAscii(load64(p) | load64(p + 8)));
+      } else if (end - p >= 8 && plainAscii(load64(p))) {
         for (unsigned int j = 0; j < 8; ++j) d[j] = p[j];
         p += 8;
         d += 8;
       } else {
         do {
           *d++ = *p++;
-        } while (p != end && *p - 1u < 0x7Fu);
+        } while (p != end && *p < 0x80);
       }
       continue;
     }
-    // The common sequences, complete inside the input. Branching on the
+    // The sequences that lie complete inside the input. Branching on the
     // length (rather than computing it) lets the processor run ahead to the
-    // next character while this one is still being assembled.
+    // next character while this one is still being assembled, and text tends
+    // to run in one script, so each form loops over its own run.
     const std::ptrdiff_t left = end - p;
-    if (lead >= 0xC0 && lead < 0xE0 && left >= 2) {
-      if (p[1] == 0) endOfData(done, d - dst, 1);
-      *d++ = (std::uint32_t(lead) << 6) + p[1] - SequenceOffset[1];
-      p += 2;
-      continue;
+    if (lead < 0xE0) {
+      if (lead >= 0xC0 && left >= 2) {
+        do {
+          *d++ = (std::uint32_t(p[0]) << 6) + p[1] - SequenceOffset[1];
+          p += 2;
+        } while (end - p >= 2 && (p[0] & 0xE0) == 0xC0);
+        continue;
+      }
+    } else if (lead < 0xF0) {
+      if (left >= 3) {
+        do {
+          *d++ = (std::uint32_t(p[0]) << 12) + (std::uint32_t(p[1]) << 6) + p[2] - SequenceOffset[2];
+          p += 3;
+        } while (end - p >= 3 && (p[0] & 0xF0) == 0xE0);
+        continue;
+      }
+    } else if (lead < 0xF8) {
+      if (left >= 4) {
+        do {
+          *d++ = (std::uint32_t(p[0]) << 18) + (std::uint32_t(p[1]) << 12) + (std::uint32_t(p[2]) << 6) + p[3] -
+                 SequenceOffset[3];
+          p += 4;
+        } while (end - p >= 4 && (p[0] & 0xF8) == 0xF0);
+        continue;
+      }
     }
-    if (lead >= 0xE0 && lead < 0xF0 && left >= 3) {
-      if (p[1] == 0) endOfData(done, d - dst, 1);
-      if (p[2] == 0) endOfData(done, d - dst, 2);
-      *d++ = (std::uint32_t(lead) << 12) + (std::uint32_t(p[1]) << 6) + p[2] - SequenceOffset[2];
-      p += 3;
-      continue;
-    }
-    if (lead >= 0xF0 && lead < 0xF8 && left >= 4) {
-      if (p[1] == 0) endOfData(done, d - dst, 1);
-      if (p[2] == 0) endOfData(done, d - dst, 2);
-      if (p[3] == 0) endOfData(done, d - dst, 3);
-      *d++ = (std::uint32_t(lead) << 18) + (std::uint32_t(p[1]) << 12) + (std::uint32_t(p[2]) << 6) + p[3] -
-             SequenceOffset[3];
-      p += 4;
-      continue;
-    }
-    // Everything else one byte at a time through the zero-padded window: a
-    // NUL, a stray continuation byte, an unsupported lead byte, or a sequence
-    // cut off by the end of the input.
-    if (lead == 0) endOfData(done, d - dst, 0);
+    // A stray continuation byte, an unsupported first byte, or a sequence
+    // cut off by the end of the input (read as the window's zero padding).
     const unsigned int count = LeadTable.count[lead];
     if (count >= 4) unsupportedLength(done, d - dst, count);
-    std::uint32_t value = lead;
-    for (unsigned int j = 1; j <= count; ++j) {
-      const unsigned char b = j < static_cast<std::size_t>(left) ? p[j] : 0;
-      if (b == 0) endOfData(done, d - dst, j);
-      value = (value << 6) + b;
-    }
-    *d++ = value - SequenceOffset[count];
-    p += 1 + count;
+    if (count >= static_cast<std::size_t>(left)) endOfData(done, d - dst, static_cast<unsigned int>(left));
+    *d++ = lead;  // count is 0 here: a complete sequence was taken above
+    ++p;
   }
+  if (p != src + n) endOfData(done, d - dst, 0);
   done = static_cast<unsigned int>(d - dst);
   return done;
 }
 
-// Bytes needed for `n` characters; `ascii` tells whether all are below 0x80.
-unsigned long long encodedSize(const std::uint32_t* src, unsigned int n, bool& ascii) {
-  unsigned long long extra = 0;
-  // encodedLength() - 1 summed in 32 bits over blocks: the loop vectorizes
-  // and the block sums cannot overflow.
-  for (unsigned int at = 0; at < n;) {
-    const unsigned int end = n - at > 65536 ? at + 65536 : n;
-    unsigned int sum = 0;
-    for (const std::uint32_t *p = src + at, *e = src + end; p != e; ++p) {
-      const std::int32_t t = static_cast<std::int32_t>(*p >> 6);
-      sum += static_cast<unsigned int>(t > 1) + static_cast<unsigned int>(t > 31) +
-             static_cast<unsigned int>(t > 1023) + static_cast<unsigned int>(t > 3124);
+const unsigned int ChunkChars = 1024;
+
+// Encodes `n` characters (at most ChunkChars) into `dst`, which has room for
+// five bytes a character plus eight, and returns the number of bytes.
+unsigned int encodeChunk(const std::uint32_t* src, unsigned int n, unsigned char* dst) {
+  unsigned char* const start = dst;
+  const std::uint32_t* p = src;
+  const std::uint32_t* const end = src + n;
+  // Blocks of eight characters: plain ASCII ones are narrowed at once, the
+  // others character by character.
+  while (end - p >= 8) {
+    std::uint32_t any = 0;
+    for (unsigned int j = 0; j < 8; ++j) any |= p[j];
+    if (any < 0x80u) {
+      for (unsigned int j = 0; j < 8; ++j) dst[j] = static_cast<unsigned char>(p[j]);
+      dst += 8;
+    } else {
+      for (unsigned int j = 0; j < 8; ++j) dst = p[j] < 200000u ? writeCharNoBranch(p[j], dst) : writeChar(p[j], dst);
     }
-    extra += sum;
-    at = end;
+    p += 8;
   }
-  ascii = extra == 0;
-  return n + extra;
+  while (p != end) dst = writeChar(*p++, dst);
+  return static_cast<unsigned int>(dst - start);
 }
 
 }  // namespace
@@ -242,41 +245,28 @@ void cEnDecUTF8::encode(const cString& text, qstd::tArray<char>& out) const {
   const unsigned int n = text.size();
   if (n == 0) return;
   const std::uint32_t* src = text.data();
+  if (n > 0xFFFFFFFFu - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
 
-  // Size the output exactly first, so that it grows once.
-  bool ascii = false;
-  const unsigned long long total = encodedSize(src, n, ascii);
-  if (total > 0xFFFFFFFFull - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
-  const unsigned int base = out.appendElements(static_cast<unsigned int>(total));
-  unsigned char* dst = reinterpret_cast<unsigned char*>(out.data()) + base;
-  unsigned char* const dstEnd = dst + total;
+  // Room for one byte a character up front (exactly the size for ASCII text),
+  // so that the output grows at most a few times.
+  const unsigned int base = out.size();
+  if (out._poolSize() - base < n) {
+    const bool fit = out.fitOnErase();
+    out.setFitOnErase(false);
+    out.appendElements(n);
+    out.truncate(base);
+    out.setFitOnErase(fit);
+  }
 
-  if (ascii) {
-    for (std::size_t i = 0; i < n; ++i) dst[i] = static_cast<unsigned char>(src[i]);
-    return;
+  // A chunk at a time into a buffer that stays in the cache, then appended:
+  // cheaper than measuring the whole text before writing it.
+  unsigned char buf[ChunkChars * 5 + 8];
+  for (unsigned int at = 0; at < n; at += ChunkChars) {
+    const unsigned int count = n - at < ChunkChars ? n - at : ChunkChars;
+    const unsigned int len = encodeChunk(src + at, count, buf);
+    if (len > 0xFFFFFFFFu - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
+    out.append(reinterpret_cast<const char*>(buf), len);
   }
-  // Blocks of eight characters: plain ASCII ones are narrowed at once, the
-  // others character by character.
-  const std::uint32_t* p = src;
-  const std::uint32_t* const end = src + n;
-  while (end - p >= 8) {
-    std::uint32_t any = 0;
-    for (unsigned int j = 0; j < 8; ++j) any |= p[j];
-    if (any < 0x80u) {
-      for (unsigned int j = 0; j < 8; ++j) dst[j] = static_cast<unsigned char>(p[j]);
-      dst += 8;
-      p += 8;
-      continue;
-    }
-    if (dstEnd - dst >= 8 * 5) {
-      for (unsigned int j = 0; j < 8; ++j)
-        dst = p[j] < 200000u ? writeCharNoBranch(p[j], dst) : writeChar(p[j], dst);
-    } else {
-      for (unsigned int j = 0; j < 8; ++j) dst = writeChar(p[j], dst);
-    }
-    p += 8;
-  }
-  while (p != end) dst = writeChar(*p++, dst);
 }
 
 void cEnDecUTF8::decode(const qstd::tConstArrayRef<char>& bytes, cString& out) const {

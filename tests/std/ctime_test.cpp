@@ -53,25 +53,6 @@ TEST(Time, TimeArithmeticSaturatesAndIsAbsoluteIntegerArithmeticWraps) {
   EXPECT_EQ(t.get(), ~0ull - 1);
 }
 
-TEST(Time, ComparisonIsUnsigned) {
-  cTime small(1ull), big(0x8000000000000000ull);
-  EXPECT_TRUE(small < big);
-  EXPECT_TRUE(big > small);
-  EXPECT_FALSE(small == big);
-  EXPECT_TRUE(small <= cTime(1ull));
-  EXPECT_TRUE(small >= cTime(1ull));
-  EXPECT_TRUE(small != big);
-}
-
-TEST(Time, SetGetAndSwap) {
-  cTime a(1ull), b(2ull);
-  a.swap(b);
-  EXPECT_EQ(a.get(), 2ull);
-  EXPECT_EQ(b.get(), 1ull);
-  a.set(42ull);
-  EXPECT_EQ(a.get(), 42ull);
-}
-
 TEST(Time, ClockIsTheUTCEpochInMicroseconds) {
   long long before = static_cast<long long>(std::time(nullptr));
   cTime now;

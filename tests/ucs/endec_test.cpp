@@ -7,6 +7,7 @@
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cruntimeexception.h"
+#include "qelcore/std/tsharedobject.h"
 #include "qelcore/ucs/cabstractendec.h"
 #include "qelcore/ucs/cendecutf16.h"
 #include "qelcore/ucs/cendecutf8.h"
@@ -423,4 +424,14 @@ TEST(UCSExceptions, WrappersLinkTheirCause) {
     ASSERT_NE(e.history(), nullptr);
     EXPECT_EQ(messageOf(*e.history()), "inner");
   }
+}
+
+TEST(EnDec, HandedAroundAsSharedConstObjects) {
+  qstd::tSharedObject<const cAbstractEnDec> endec(new qucs::cEnDecUTF8);
+  qstd::tSharedObject<const cAbstractEnDec> copy(endec);
+  EXPECT_EQ(2u, endec.refCount());
+  qucs::cString text;
+  copy->decode(tArray<char>("h\xc3\xa9", 3), text);
+  EXPECT_EQ(2u, text.size());
+  EXPECT_EQ(0xE9u, text[1]);
 }

@@ -1,0 +1,7 @@
+#include "qelcore/rmi/cabstractrmifactory.h"
+
+namespace qrmi {
+
+cAbstractRMIFactory::~cAbstractRMIFactory() {}
+
+}  // namespace qrmi

@@ -1,0 +1,48 @@
+#include "qelcore/rmi/cabstractsignal.h"
+
+#include "qelcore/pi/cabstractout.h"
+#include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cpublicsignal.h"
+#include "qelcore/rmi/crmiexceptions.h"
+#include "qelcore/std/casciistring.h"
+
+namespace qrmi {
+
+cAbstractSignal::cAbstractSignal() : meBehavior(eMustBeConnected), mpPublicSignal(nullptr) {}
+
+cAbstractSignal::~cAbstractSignal() {}
+
+void cAbstractSignal::connectIndirect(cConnectable&, const qstd::cAsciiString&) {
+  cRMIExceptions::throwIndirectLocalConnection();
+}
+
+void cAbstractSignal::setQueued(bool) {}
+
+cPublicSignal& cAbstractSignal::exportSignal(cConnectable& owner, const qstd::cAsciiString& name, InterfaceType type,
+                                             const qstd::cAsciiString& description) {
+  cPublicSignal& signal =
+      owner.registerSignal(name, returnTypeString(), parametersTypeString(), type, description, *this);
+  describeValues(signal);
+  return signal;
+}
+
+void cAbstractSignal::describeValues(cPublicSignal&) const {}
+
+const qstd::cAsciiString& cAbstractSignal::publicSignalName() const {
+  if (!mpPublicSignal) cRMIExceptions::throwNotPublicSignal();
+  return mpPublicSignal->name();
+}
+
+qstd::cAsciiString cAbstractSignal::parametersTypeString() const { return qstd::cAsciiString(); }
+
+qstd::cAsciiString cAbstractSignal::returnTypeString() const { return qstd::cAsciiString(); }
+
+void cAbstractSignal::checkNIC(unsigned int emissionDepth) const {
+  if (emissionDepth == 0) return;
+  qpi::cAbstractOut& out = qpi::cAbstractOut::current();
+  if (!out.enabled(qpi::cAbstractOut::LevelWarning, __FILE__)) return;
+  out.write(qpi::cAbstractOut::LevelWarning, ">>>>>>>>> delete this situation in signal!", __FILE__, __LINE__);
+  out.writeStackTrace(qpi::cAbstractOut::LevelWarning, "Stack trace:", __FILE__, __LINE__);
+}
+
+}  // namespace qrmi

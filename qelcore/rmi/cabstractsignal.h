@@ -1,0 +1,73 @@
+// The untyped part of every signal: what an emission without receivers
+// does, whether the signal is published, and the operations through which a
+// receiver detaches itself.
+#ifndef QELCORE_RMI_CABSTRACTSIGNAL_H
+#define QELCORE_RMI_CABSTRACTSIGNAL_H
+
+#include "qelcore/qelexport.h"
+
+namespace qstd {
+class cAsciiString;
+}
+
+namespace qrmi {
+
+class cConnectable;
+class cPublicSignal;
+
+class QEL_EXPORT cAbstractSignal {
+public:
+  // What an emission finds when nothing is connected.
+  enum InvocationBehavior : unsigned int {
+    eMustBeConnected = 0,  // throw cUnconnectedSignalException
+    eMayBeUnconnected = 1  // any nonzero value: return a default result
+  };
+  // The side of an interface a published signal belongs to.
+  enum InterfaceType : unsigned int { eProvidedInterface = 0, eRequiredInterface = 1 };
+
+  cAbstractSignal();
+  cAbstractSignal(const cAbstractSignal&) = delete;
+  cAbstractSignal& operator=(const cAbstractSignal&) = delete;
+  virtual ~cAbstractSignal();
+
+  // Removes and destroys every slot call whose receiver is `object`; returns
+  // whether one was removed.
+  virtual bool disconnectObject(const cConnectable& object) = 0;
+  // Connects the public slot `slotName` of `object` through serialized
+  // arguments. Signals bound to C++ types refuse it (a bug exception).
+  virtual void connectIndirect(cConnectable& object, const qstd::cAsciiString& slotName);
+  // The public form of disconnectObject.
+  virtual bool disconnect(const cConnectable& object) = 0;
+  // Whether emissions should be delivered through the receiver's work queue
+  // where the signal can do that; signals that always call directly ignore it.
+  virtual void setQueued(bool queued);
+
+  // Publishes the signal under `name` in `owner`'s interface; the type strings
+  // come from the signal's C++ types. Returns the new description.
+  cPublicSignal& exportSignal(cConnectable& owner, const qstd::cAsciiString& name, InterfaceType type,
+                              const qstd::cAsciiString& description);
+  // A bug exception for a signal that was never exported.
+  const qstd::cAsciiString& publicSignalName() const;
+  void setPublicSignal(cPublicSignal* signal) { mpPublicSignal = signal; }
+  cPublicSignal* isPublicSignal() const { return mpPublicSignal; }
+
+  void setInvocationBehavior(InvocationBehavior behavior) { meBehavior = behavior; }
+  InvocationBehavior invocationBehavior() const { return meBehavior; }
+
+protected:
+  virtual qstd::cAsciiString parametersTypeString() const;
+  virtual qstd::cAsciiString returnTypeString() const;
+  // Adds the descriptions of the parameters and the result when exported.
+  virtual void describeValues(cPublicSignal& signal) const;
+  // Warns (with a stack trace) when the signal is destroyed while
+  // `emissionDepth` emissions of it are still running.
+  void checkNIC(unsigned int emissionDepth) const;
+
+private:
+  InvocationBehavior meBehavior;
+  cPublicSignal* mpPublicSignal;
+};
+
+}  // namespace qrmi
+
+#endif

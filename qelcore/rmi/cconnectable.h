@@ -1,0 +1,124 @@
+// Base of every object that receives slot calls or publishes slots and
+// signals by name.
+//
+// A connectable keeps one entry per slot call that a signal holds for it, so
+// that its destruction can remove those slot calls from their signals. Its
+// public slots and signals are described by name and type strings and can be
+// called or connected without knowing their C++ signatures.
+#ifndef QELCORE_RMI_CCONNECTABLE_H
+#define QELCORE_RMI_CCONNECTABLE_H
+
+#include <vector>
+
+#include "qelcore/qelexport.h"
+#include "qelcore/rmi/cabstractsignal.h"
+#include "qelcore/std/tautoptr.h"
+
+namespace qstd {
+class cAsciiString;
+}
+namespace qsa {
+class cAbstractDeserializer;
+class cAbstractSerializer;
+class cReferenceFrame;
+}  // namespace qsa
+
+namespace qrmi {
+
+class cAbstractSlotCall;
+class cAbstractRMIFactory;
+class cPublicSlot;
+class cPublicSignal;
+template <class R, class... A>
+class localSignalN;
+
+class QEL_EXPORT cConnectable {
+public:
+  typedef std::vector<cAbstractSignal*> tSignalList;
+  typedef std::vector<cPublicSlot*> tPublicSlotList;
+  typedef std::vector<cPublicSignal*> tPublicSignalList;
+
+  cConnectable();
+  cConnectable(const cConnectable&) = delete;
+  cConnectable& operator=(const cConnectable&) = delete;
+  // Detaches from every signal, then deletes the public slots and signals.
+  virtual ~cConnectable();
+
+  // Called by a slot call created for `signal`; duplicates are kept.
+  void notifySignalAttached(cAbstractSignal& signal);
+  // Removes every entry of `signal` at once (ignored while detaching).
+  void notifySignalDetached(cAbstractSignal& signal);
+  // Asks every attached signal to drop this object's slot calls. The list
+  // itself is left as it is.
+  void detachAllSignals();
+  // detachAllSignals, then forgets the attached signals and deletes the
+  // public slots and signals.
+  void clear();
+  // Whether `slot` calls this object.
+  bool operator==(const cAbstractSlotCall* slot) const;
+
+  // One entry per slot call created for a signal, in attachment order.
+  const tSignalList& attachedSignals() const { return mAttachedSignals; }
+
+  void setIndex(unsigned int index) { miIndex = index; }
+  unsigned int index() const { return miIndex; }
+
+  // Public slots. Names are compared exactly; the first match wins.
+  const cAbstractSlotCall* tryFindSlot(const qstd::cAsciiString& name) const;
+  const cPublicSlot& findPublicSlot(const qstd::cAsciiString& name) const;
+  const cPublicSlot* tryFindPublicSlot(const cAbstractSlotCall& slot) const;
+  // "unknown" for a slot call that is not published here.
+  qstd::cAsciiString publicSlotName(const cAbstractSlotCall& slot) const;
+  // Null when no slot was ever published.
+  const tPublicSlotList* hasPublicSlots() const { return mpSlots; }
+
+  // Public signals.
+  cPublicSignal& findSignal(const qstd::cAsciiString& name);
+  const cPublicSignal& findPublicSignal(const qstd::cAsciiString& name) const;
+  // Null when no signal was ever published.
+  const tPublicSignalList* hasPublicSignals() const { return mpSignals; }
+
+  // Calls a public slot with the arguments of `frame`, whose first entry
+  // takes the result.
+  void invokeIndirectSlot(const qstd::cAsciiString& name, qsa::cReferenceFrame& frame) const;
+  // Calls a public slot with the arguments read from `in`; the result goes
+  // to `out`.
+  void invokeIndirectRemoteSlot(const qstd::cAsciiString& name, qsa::cAbstractDeserializer& in,
+                                qsa::cAbstractSerializer& out) const;
+
+  // Read a serialized slot or signal description of a peer and publish a
+  // local stand-in for it that `factory` creates.
+  cPublicSlot& registerRemoteSlot(qsa::cAbstractDeserializer& in, cAbstractRMIFactory& factory);
+  cPublicSignal& registerRemoteSignal(qsa::cAbstractDeserializer& in, cAbstractRMIFactory& factory);
+  // Publishes an already created slot call under `name` (without type strings).
+  cPublicSlot& registerRemoteSlot(const qstd::cAsciiString& name, qstd::tAutoPtr<cAbstractSlotCall> slot);
+
+private:
+  friend class cAbstractSlotCall;
+  friend class cAbstractSignal;
+  template <class R, class... A>
+  friend class localSignalN;
+
+  void reAssign(cAbstractSignal& oldSignal, cAbstractSignal& newSignal);
+  void codRSlots();
+  void codRSignals();
+  cPublicSlot& registerSlot(const qstd::cAsciiString& name, const qstd::cAsciiString& returnTypeName,
+                            const qstd::cAsciiString& paramTypeNames, const qstd::cAsciiString& description,
+                            qstd::tAutoPtr<cAbstractSlotCall> slot);
+  cPublicSignal& registerSignal(const qstd::cAsciiString& name, const qstd::cAsciiString& returnTypeName,
+                                const qstd::cAsciiString& paramTypeNames, cAbstractSignal::InterfaceType type,
+                                const qstd::cAsciiString& description, cAbstractSignal& signal);
+  const cPublicSlot* tryFindPublicSlot(const qstd::cAsciiString& name) const;
+  cPublicSignal* tryFindPublicSignal(const qstd::cAsciiString& name) const;
+  void deletePublicLists();
+
+  tSignalList mAttachedSignals;
+  tPublicSlotList* mpSlots;
+  tPublicSignalList* mpSignals;
+  bool mbDetaching;
+  unsigned int miIndex;
+};
+
+}  // namespace qrmi
+
+#endif

@@ -1,0 +1,31 @@
+// A public signal was asked for by a name that the interface does not publish.
+#ifndef QELCORE_RMI_CNOSUCHSIGNALEXCEPTION_H
+#define QELCORE_RMI_CNOSUCHSIGNALEXCEPTION_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cruntimeexception.h"
+
+namespace qrmi {
+
+class QEL_EXPORT cNoSuchSignalException : public qstd::cRuntimeException {
+public:
+  cNoSuchSignalException();
+  cNoSuchSignalException(const qucs::cLIMessage& msg, const qstd::cAsciiString& signalName, const char* file, unsigned int line);
+  cNoSuchSignalException(const cNoSuchSignalException& other);
+  cNoSuchSignalException& operator=(const cNoSuchSignalException& other);
+  ~cNoSuchSignalException() override;
+  void swap(cNoSuchSignalException& other);
+
+  qstd::cAbstractException* createObject() const override;
+  qstd::cAbstractException* clone() const override;
+  qstd::cAsciiString typeName() const override;
+  const qstd::cAsciiString& signalName() const { return msSignal; }
+
+private:
+  qstd::cAsciiString msSignal;
+};
+
+}  // namespace qrmi
+
+#endif

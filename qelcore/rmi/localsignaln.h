@@ -1,0 +1,209 @@
+// A signal whose slots are member functions of connectables, bound to C++
+// types at compile time.
+//
+//   class cDoor : public qrmi::cConnectable {
+//   public:
+//     qrmi::localSignal1<piVoid, int> sigOpened;
+//   };
+//   class cBell : public qrmi::cConnectable {
+//   public:
+//     piVoid sltRing(int times);
+//   };
+//   door.sigOpened.connect(bell, &cBell::sltRing);
+//   door.sigOpened(3);
+//
+// The signal owns one slot call per connection. A receiver's destruction
+// removes its slot calls; the signal's destruction destroys all of them.
+#ifndef QELCORE_RMI_LOCALSIGNALN_H
+#define QELCORE_RMI_LOCALSIGNALN_H
+
+#include <algorithm>
+#include <type_traits>
+#include <vector>
+
+#include "qelcore/rmi/cabstractsignal.h"
+#include "qelcore/rmi/cabstractslotcalln.h"
+#include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cdirectlocalslotcalln.h"
+#include "qelcore/rmi/cindirectresolvingslotcalln.h"
+#include "qelcore/rmi/cpublicsignal.h"
+#include "qelcore/rmi/cpublicslot.h"
+#include "qelcore/rmi/crmiexceptions.h"
+#include "qelcore/rmi/ttypestring.h"
+#include "qelcore/std/tautoptr.h"
+
+namespace qrmi {
+
+template <class R, class... A>
+class localSignalN : public cAbstractSignal {
+public:
+  typedef cAbstractSlotCallN<R, A...> tSlotCall;
+  typedef std::vector<tSlotCall*> tSlotCalls;
+
+  localSignalN() : mpEmission(nullptr) {}
+  ~localSignalN() override {
+    checkNIC(emissionDepth());
+    // Emissions further up the stack must not touch this object any more.
+    for (cEmission* e = mpEmission; e; e = e->mpOuter) e->mbDestroyed = true;
+    tSlotCalls calls;
+    calls.swap(mvSlots);
+    for (tSlotCall* call : calls) delete call;
+  }
+
+  // Connects `method` of `object`; returns the new connection (owned by the
+  // signal). The same pair may be connected more than once.
+  template <class T>
+  tSlotCall& connect(T& object, R (T::*method)(A...)) {
+    mvSlots.reserve(mvSlots.size() + 1);
+    tSlotCall* call = new cDirectLocalSlotCallN<T, R, A...>(object, method, this);
+    mvSlots.push_back(call);
+    return *call;
+  }
+  // Takes over a slot call created elsewhere (for example one that calls a
+  // public slot by name). A slot call that belongs to another signal moves
+  // its receiver's entry over to this one.
+  tSlotCall& connect(qstd::tAutoPtr<tSlotCall> slot) {
+    QEL_ASSERT(slot.get() != 0, "rmi/localsignaln");
+    mvSlots.reserve(mvSlots.size() + 1);
+    tSlotCall* call = slot.release();
+    if (call->signal() == nullptr)
+      call->assignedObject().notifySignalAttached(*this);
+    else if (call->signal() != this)
+      call->reAssign(this);
+    call->setSignal(this);
+    mvSlots.push_back(call);
+    return *call;
+  }
+
+  bool disconnectObject(const cConnectable& object) override { return removeSlotsOf(object); }
+  bool disconnect(const cConnectable& object) override { return removeSlotsOf(object); }
+
+  // Emits the signal. With exactly one slot its result is returned; with
+  // none or several a default R (none with eMustBeConnected throws).
+  R operator()(A... args) {
+    cEmission emission(*this);
+    std::size_t count = mvSlots.size();
+    if (count == 0) {
+      if (invocationBehavior() == eMustBeConnected) cRMIExceptions::throwUnconnectedSignal();
+      return R();
+    }
+    tSlotCall* first = mvSlots[0];
+    first->mbCalled = false;
+    if (count == 1) {
+      first->mbCalled = true;
+      R result = R();
+      first->invoke(result, args...);
+      return result;
+    }
+    count = mvSlots.size();
+    if (count < 2) return R();
+    for (std::size_t i = 1; i < count; ++i) mvSlots[i]->mbCalled = false;
+    // Flags instead of indices: slots that connect or disconnect others
+    // during the emission neither skip a slot nor call one twice.
+    R scratch = R();
+    std::size_t i = 0;
+    while (i < mvSlots.size()) {
+      tSlotCall* call = mvSlots[i];
+      if (call->mbCalled) {
+        ++i;
+        continue;
+      }
+      call->mbCalled = true;
+      call->invoke(scratch, args...);
+      if (emission.mbDestroyed) return R();
+    }
+    return R();
+  }
+
+  // Publishes `method` of `object` under `name`, with type strings computed
+  // from R and A...; the slot can then be called by name with a reference
+  // frame or with archived arguments. Returns the new description.
+  template <class T>
+  static cPublicSlot& registerSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
+                                   const qstd::cAsciiString& description = qstd::cAsciiString()) {
+    qstd::tAutoPtr<cAbstractSlotCall> call(new cIndirectResolvingSlotCallN<T, R, A...>(object, method));
+    cConnectable& owner = object;
+    cPublicSlot& slot =
+        owner.registerSlot(name, tTypeString<R>::list(), tTypeString<A...>::list(), description, call);
+    int expand[] = {0, (describeValue<A>(slot.addParameter()), 0)...};
+    (void)expand;
+    describeValue<R>(slot.returnValue());
+    return slot;
+  }
+
+  unsigned int slotCount() const { return static_cast<unsigned int>(mvSlots.size()); }
+  const tSlotCalls& slotCalls() const { return mvSlots; }
+  // Emissions of this signal running now (nested ones count each).
+  unsigned int emissionDepth() const {
+    unsigned int depth = 0;
+    for (const cEmission* e = mpEmission; e; e = e->mpOuter) ++depth;
+    return depth;
+  }
+
+protected:
+  qstd::cAsciiString parametersTypeString() const override { return tTypeString<A...>::list(); }
+  qstd::cAsciiString returnTypeString() const override { return tTypeString<R>::list(); }
+  void describeValues(cPublicSignal& signal) const override {
+    int expand[] = {0, (describeValue<A>(signal.addParameter()), 0)...};
+    (void)expand;
+    describeValue<R>(signal.returnValue());
+  }
+
+private:
+  // One running emission, on the emitter's stack; the chain of them is the
+  // emission depth. Leaving it restores the outer one on every way out,
+  // unless the signal was destroyed meanwhile.
+  struct cEmission {
+    explicit cEmission(localSignalN& signal) : mpSignal(&signal), mpOuter(signal.mpEmission), mbDestroyed(false) {
+      signal.mpEmission = this;
+    }
+    ~cEmission() {
+      if (!mbDestroyed) mpSignal->mpEmission = mpOuter;
+    }
+    cEmission(const cEmission&) = delete;
+    cEmission& operator=(const cEmission&) = delete;
+    localSignalN* mpSignal;
+    cEmission* mpOuter;
+    bool mbDestroyed;
+  };
+  bool removeSlotsOf(const cConnectable& object) {
+    bool removed = false;
+    for (tSlotCall*& call : mvSlots)
+      if (object == call) {
+        tSlotCall* doomed = call;
+        call = nullptr;
+        delete doomed;
+        removed = true;
+      }
+    if (removed) mvSlots.erase(std::remove(mvSlots.begin(), mvSlots.end(), nullptr), mvSlots.end());
+    return removed;
+  }
+
+  tSlotCalls mvSlots;
+  // The innermost running emission, or null.
+  cEmission* mpEmission;
+};
+
+template <class R>
+using localSignal0 = localSignalN<R>;
+template <class R, class A1>
+using localSignal1 = localSignalN<R, A1>;
+template <class R, class A1, class A2>
+using localSignal2 = localSignalN<R, A1, A2>;
+template <class R, class A1, class A2, class A3>
+using localSignal3 = localSignalN<R, A1, A2, A3>;
+template <class R, class A1, class A2, class A3, class A4>
+using localSignal4 = localSignalN<R, A1, A2, A3, A4>;
+template <class R, class A1, class A2, class A3, class A4, class A5>
+using localSignal5 = localSignalN<R, A1, A2, A3, A4, A5>;
+
+// Publishes a member function as a public slot: see localSignalN::registerSlot.
+template <class T, class R, class... A>
+cPublicSlot& registerPublicSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
+                                const qstd::cAsciiString& description = qstd::cAsciiString()) {
+  return localSignalN<R, A...>::registerSlot(object, method, name, description);
+}
+
+}  // namespace qrmi
+
+#endif

@@ -1,0 +1,365 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "qelcore/rmi/cunconnectedsignalexception.h"
+#include "qelcore/rmi/signal0.h"
+#include "qelcore/std/cbugexception.h"
+#include "rmitestutil.h"
+#include "support/capturingout.h"
+
+using qrmi::cConnectable;
+using qrmi::localSignal0;
+using qrmi::localSignal1;
+using qrmi::localSignal4;
+using qsa::piVoid;
+using rmitest::textOf;
+
+namespace {
+
+typedef std::vector<std::string> tLog;
+
+// A receiver that logs its calls and can run a scripted action inside one.
+class cReceiver : public cConnectable {
+public:
+  cReceiver(tLog& log, const std::string& name, int value = 0) : mLog(log), msName(name), miValue(value) {}
+  std::function<void()> mAction;
+
+  int sltValue() {
+    mLog.push_back(msName);
+    if (mAction) mAction();
+    return miValue;
+  }
+  piVoid sltNote(int v) {
+    mLog.push_back(msName + ":" + std::to_string(v));
+    if (mAction) mAction();
+    return piVoid();
+  }
+
+private:
+  tLog& mLog;
+  std::string msName;
+  int miValue;
+};
+
+}  // namespace
+
+TEST(LocalSignalEmission, UnconnectedSignalThrowsOrReturnsDefault) {
+  localSignal0<int> sig;
+  try {
+    sig();
+    FAIL() << "no exception";
+  } catch (const qrmi::cUnconnectedSignalException& e) {
+    EXPECT_EQ(textOf(e), "Call of an unconnected signal");
+    EXPECT_EQ(std::string(e.typeName().c_str()), "cUnconnectedSignalException");
+  }
+  EXPECT_EQ(sig.emissionDepth(), 0u);
+  sig.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
+  EXPECT_EQ(sig(), 0);
+  // Any nonzero behaviour counts as "may be unconnected".
+  sig.setInvocationBehavior(static_cast<qrmi::cAbstractSignal::InvocationBehavior>(7));
+  EXPECT_EQ(sig(), 0);
+}
+
+TEST(LocalSignalEmission, OnlyASingleSlotDeliversItsResult) {
+  tLog log;
+  cReceiver a(log, "a", 7), b(log, "b", 9);
+  localSignal0<int> sig;
+  sig.connect(a, &cReceiver::sltValue);
+  EXPECT_EQ(sig(), 7);
+  sig.connect(b, &cReceiver::sltValue);
+  EXPECT_EQ(sig(), 0);
+  EXPECT_EQ(log, (tLog{"a", "a", "b"}));
+}
+
+TEST(LocalSignalEmission, ArgumentsReachEverySlotInConnectionOrder) {
+  tLog log;
+  cReceiver a(log, "a"), b(log, "b");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  sig.connect(b, &cReceiver::sltNote);
+  sig.connect(a, &cReceiver::sltNote);
+  sig(5);
+  EXPECT_EQ(log, (tLog{"a:5", "b:5", "a:5"}));
+  EXPECT_EQ(a.attachedSignals().size(), 2u);
+}
+
+TEST(LocalSignalEmission, SlotsThatDisconnectDuringEmissionSkipNothingAndRepeatNothing) {
+  tLog log;
+  cReceiver a(log, "a"), b(log, "b"), c(log, "c"), d(log, "d");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  sig.connect(b, &cReceiver::sltNote);
+  sig.connect(c, &cReceiver::sltNote);
+  sig.connect(d, &cReceiver::sltNote);
+  // b removes itself, c removes a slot before it: every other slot still
+  // runs exactly once.
+  b.mAction = [&] { sig.disconnect(b); };
+  c.mAction = [&] { sig.disconnect(a); };
+  sig(1);
+  EXPECT_EQ(log, (tLog{"a:1", "b:1", "c:1", "d:1"}));
+  EXPECT_EQ(sig.slotCount(), 2u);
+  EXPECT_TRUE(a.attachedSignals().empty());
+  EXPECT_TRUE(b.attachedSignals().empty());
+  // A slot that removes a later one prevents its call.
+  log.clear();
+  c.mAction = [&] { sig.disconnect(d); };
+  sig(2);
+  EXPECT_EQ(log, (tLog{"c:2"}));
+  EXPECT_EQ(sig.emissionDepth(), 0u);
+}
+
+TEST(LocalSignalEmission, SlotsConnectedDuringEmissionRunInTheSameEmissionOfSeveral) {
+  tLog log;
+  cReceiver a(log, "a"), b(log, "b"), late(log, "late");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  bool once = true;
+  a.mAction = [&] {
+    if (once) sig.connect(late, &cReceiver::sltNote);
+    once = false;
+  };
+  // With a single slot the new one waits for the next emission.
+  sig(1);
+  EXPECT_EQ(log, (tLog{"a:1"}));
+  sig.disconnect(late);
+  log.clear();
+  once = true;
+  sig.connect(b, &cReceiver::sltNote);
+  sig(2);
+  EXPECT_EQ(log, (tLog{"a:2", "b:2", "late:2"}));
+}
+
+TEST(LocalSignalEmission, NestedEmissionsCountAndEndTheOuterPass) {
+  tLog log;
+  cReceiver a(log, "a"), b(log, "b");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  sig.connect(b, &cReceiver::sltNote);
+  std::vector<unsigned int> depths;
+  a.mAction = [&] {
+    depths.push_back(sig.emissionDepth());
+    if (depths.size() == 1) sig(2);
+  };
+  sig(1);
+  // The inner emission calls every slot; the outer one finds them all done.
+  EXPECT_EQ(log, (tLog{"a:1", "a:2", "b:2"}));
+  EXPECT_EQ(depths, (std::vector<unsigned int>{1, 2}));
+  EXPECT_EQ(sig.emissionDepth(), 0u);
+}
+
+TEST(LocalSignalEmission, AThrowingSlotStopsTheEmissionAndRestoresTheDepth) {
+  tLog log;
+  cReceiver a(log, "a"), b(log, "b");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  sig.connect(b, &cReceiver::sltNote);
+  a.mAction = [] { throw std::runtime_error("slot failed"); };
+  EXPECT_THROW(sig(1), std::runtime_error);
+  EXPECT_EQ(log, (tLog{"a:1"}));
+  EXPECT_EQ(sig.emissionDepth(), 0u);
+  a.mAction = nullptr;
+  sig(2);
+  EXPECT_EQ(log, (tLog{"a:1", "a:2", "b:2"}));
+}
+
+namespace {
+class cEditor : public cConnectable {
+public:
+  piVoid sltEdit(int n, const qstd::cAsciiString& in, qstd::cAsciiString& out, double f) {
+    out = in;
+    out.addNum32(n);
+    mf = f;
+    return piVoid();
+  }
+  double mf = 0;
+};
+}  // namespace
+
+TEST(LocalSignalEmission, ReferenceArgumentsReachTheEmitter) {
+  cEditor editor;
+  localSignal4<piVoid, int, const qstd::cAsciiString&, qstd::cAsciiString&, double> sig;
+  sig.connect(editor, &cEditor::sltEdit);
+  qstd::cAsciiString out;
+  sig(42, qstd::cAsciiString("n"), out, 2.5);
+  EXPECT_STREQ(out.c_str(), "n42");
+  EXPECT_EQ(editor.mf, 2.5);
+}
+
+TEST(LocalSignalLifetime, DestroyingAReceiverRemovesItsSlotsFromEverySignal) {
+  tLog log;
+  cReceiver a(log, "a"), c(log, "c");
+  localSignal1<piVoid, int> first, second;
+  {
+    cReceiver b(log, "b");
+    first.connect(a, &cReceiver::sltNote);
+    first.connect(b, &cReceiver::sltNote);
+    first.connect(c, &cReceiver::sltNote);
+    first.connect(b, &cReceiver::sltNote);
+    second.connect(b, &cReceiver::sltNote);
+    EXPECT_EQ(b.attachedSignals().size(), 3u);
+  }
+  EXPECT_EQ(first.slotCount(), 2u);
+  EXPECT_EQ(second.slotCount(), 0u);
+  first(1);
+  EXPECT_EQ(log, (tLog{"a:1", "c:1"}));
+  EXPECT_THROW(second(1), qrmi::cUnconnectedSignalException);
+}
+
+TEST(LocalSignalLifetime, ReceiversDestroyedDuringAnEmissionAreSkippedSafely) {
+  tLog log;
+  cReceiver a(log, "a"), d(log, "d");
+  auto* self = new cReceiver(log, "self");
+  auto* later = new cReceiver(log, "later");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  sig.connect(*self, &cReceiver::sltNote);
+  sig.connect(*later, &cReceiver::sltNote);
+  sig.connect(d, &cReceiver::sltNote);
+  // A receiver that deletes itself and a later receiver from its own slot.
+  self->mAction = [&] {
+    delete later;
+    delete self;
+  };
+  sig(1);
+  EXPECT_EQ(log, (tLog{"a:1", "self:1", "d:1"}));
+  EXPECT_EQ(sig.slotCount(), 2u);
+  EXPECT_EQ(sig.emissionDepth(), 0u);
+}
+
+TEST(LocalSignalLifetime, DestroyingASignalDetachesItFromItsReceivers) {
+  tLog log;
+  cReceiver a(log, "a");
+  localSignal1<piVoid, int> kept;
+  kept.connect(a, &cReceiver::sltNote);
+  {
+    localSignal1<piVoid, int> gone;
+    gone.connect(a, &cReceiver::sltNote);
+    gone.connect(a, &cReceiver::sltNote);
+    EXPECT_EQ(a.attachedSignals().size(), 3u);
+  }
+  ASSERT_EQ(a.attachedSignals().size(), 1u);
+  EXPECT_EQ(a.attachedSignals()[0], &kept);
+}
+
+TEST(LocalSignalLifetime, ClearDetachesAndForgetsEverything) {
+  tLog log;
+  cReceiver a(log, "a");
+  localSignal0<int> s1, s2;
+  s1.connect(a, &cReceiver::sltValue);
+  s2.connect(a, &cReceiver::sltValue);
+  a.clear();
+  EXPECT_TRUE(a.attachedSignals().empty());
+  EXPECT_EQ(s1.slotCount() + s2.slotCount(), 0u);
+}
+
+TEST(LocalSignalLifetime, DestroyingTheSignalFromItsOwnSlotWarnsAndStopsTheEmission) {
+  qeltest::cCapturingOut out;
+  tLog log;
+  cReceiver a(log, "a"), b(log, "b"), c(log, "c");
+  auto* sig = new localSignal1<piVoid, int>;
+  sig->connect(a, &cReceiver::sltNote);
+  sig->connect(b, &cReceiver::sltNote);
+  sig->connect(c, &cReceiver::sltNote);
+  b.mAction = [&] { delete sig; };
+  EXPECT_NO_THROW((*sig)(1));
+  EXPECT_EQ(log, (tLog{"a:1", "b:1"}));
+  auto entries = out.entries();
+  ASSERT_GE(entries.size(), 2u);
+  EXPECT_EQ(entries[0].text, ">>>>>>>>> delete this situation in signal!");
+  EXPECT_NE(entries[0].file.find("rmi/cabstractsignal"), std::string::npos);
+  EXPECT_EQ(entries[0].level, qpi::cAbstractOut::LevelWarning);
+  EXPECT_NE(entries[1].text.find("Stack trace"), std::string::npos);
+  EXPECT_TRUE(a.attachedSignals().empty() && b.attachedSignals().empty() && c.attachedSignals().empty());
+
+  // The single-slot path survives it as well, and an ordinary destruction is silent.
+  out.clear();
+  sig = new localSignal1<piVoid, int>;
+  sig->connect(b, &cReceiver::sltNote);
+  EXPECT_NO_THROW((*sig)(2));
+  EXPECT_TRUE(out.contains(">>>>>>>>> delete this situation in signal!"));
+  out.clear();
+  { localSignal1<piVoid, int> quiet; }
+  EXPECT_TRUE(out.entries().empty());
+}
+
+TEST(LocalSignalLifetime, ADetachedSlotCallDropsEveryEntryOfItsSignal) {
+  // Two connections to the same signal, and a third slot call for that
+  // signal that dies on its own: the receiver forgets the signal altogether
+  // while the signal still holds its connections.
+  tLog log;
+  cReceiver a(log, "a");
+  localSignal1<piVoid, int> sig;
+  sig.connect(a, &cReceiver::sltNote);
+  sig.connect(a, &cReceiver::sltNote);
+  EXPECT_EQ(a.attachedSignals().size(), 2u);
+  { qrmi::cDirectLocalSlotCall1<cReceiver, piVoid, int> stray(a, &cReceiver::sltNote, &sig); }
+  EXPECT_TRUE(a.attachedSignals().empty());
+  EXPECT_EQ(sig.slotCount(), 2u);
+  // So detaching the receiver no longer reaches them.
+  a.detachAllSignals();
+  EXPECT_EQ(sig.slotCount(), 2u);
+  sig.disconnect(a);
+  EXPECT_EQ(sig.slotCount(), 0u);
+}
+
+TEST(LocalSignalConnections, TakingOverASlotCallMovesTheReceiversEntry) {
+  tLog log;
+  cReceiver a(log, "a"), b(log, "b");
+  localSignal1<piVoid, int> first, second;
+  // Created without a signal: the receiver learns of it when connected.
+  second.connect(qstd::tAutoPtr<qrmi::cAbstractSlotCall1<piVoid, int>>(
+      new qrmi::cDirectLocalSlotCall1<cReceiver, piVoid, int>(a, &cReceiver::sltNote, nullptr)));
+  ASSERT_EQ(a.attachedSignals().size(), 1u);
+  EXPECT_EQ(a.attachedSignals()[0], &second);
+  // Created for another signal: its entry moves over.
+  first.connect(qstd::tAutoPtr<qrmi::cAbstractSlotCall1<piVoid, int>>(
+      new qrmi::cDirectLocalSlotCall1<cReceiver, piVoid, int>(b, &cReceiver::sltNote, &second)));
+  EXPECT_EQ(b.attachedSignals(), (cConnectable::tSignalList{&first}));
+  EXPECT_EQ(first.slotCalls()[0]->signal(), &first);
+  first(3);
+  second(4);
+  EXPECT_EQ(log, (tLog{"b:3", "a:4"}));
+}
+
+TEST(LocalSignalConnections, LocalSlotCallsRefuseIndirectUse) {
+  tLog log;
+  cReceiver a(log, "a");
+  localSignal1<piVoid, int> sig;
+  auto& call = sig.connect(a, &cReceiver::sltNote);
+  EXPECT_TRUE(a == &call);
+  qsa::cReferenceFrame frame;
+  try {
+    call.call(frame);
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(textOf(e), "Slots connected to an explicit local signal cannot be called indirectly!");
+  }
+  piVoid result;
+  int v = 1;
+  try {
+    call.invokeByReference(result, v);
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(textOf(e), "Indirect slots cannot be called by reference!");
+  }
+  try {
+    sig.connectIndirect(a, "sltNote");
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(textOf(e), "Indirect connections not possible with explicit local signals!");
+  }
+  try {
+    call.createWork(1);
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(textOf(e), "The operation \"cAbstractSlotCallN::createWork(...)\" is not supported!");
+  }
+  // The flag operation is accepted and changes nothing.
+  sig.setQueued(true);
+  sig(1);
+  EXPECT_EQ(log, (tLog{"a:1"}));
+}
