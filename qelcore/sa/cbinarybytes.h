@@ -30,7 +30,7 @@ inline unsigned long long get64(const char* p) {
 }
 // A type id with a 32-bit payload behind it, as one 8-byte move.
 inline void putTagged32(char* p, unsigned int id, unsigned int v) {
-  const unsigned long long both = id | static_cast<unsigned long long>(v) << 32;
+  const unsigned long long both = id | (static_cast<unsigned long long>(v) << 32);
   std::memcpy(p, &both, 8);
 }
 #else
