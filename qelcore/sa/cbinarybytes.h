@@ -28,6 +28,11 @@ inline unsigned long long get64(const char* p) {
   std::memcpy(&v, p, 8);
   return v;
 }
+// A type id with a 32-bit payload behind it, as one 8-byte move.
+inline void putTagged32(char* p, unsigned int id, unsigned int v) {
+  const unsigned long long both = id | (static_cast<unsigned long long>(v) << 32);
+  std::memcpy(p, &both, 8);
+}
 #else
 inline void put32(char* p, unsigned int v) {
   p[0] = static_cast<char>(v);
@@ -54,6 +59,10 @@ inline unsigned short get16(const char* p) {
 }
 inline unsigned long long get64(const char* p) {
   return static_cast<unsigned long long>(get32(p)) | (static_cast<unsigned long long>(get32(p + 4)) << 32);
+}
+inline void putTagged32(char* p, unsigned int id, unsigned int v) {
+  put32(p, id);
+  put32(p + 4, v);
 }
 #endif
 inline unsigned long long doubleBits(double d) {

@@ -170,16 +170,8 @@ const char* cDeserializeBinary::loadFixedDirect(unsigned int id, unsigned int n)
   return loadRaw(n);
 }
 
-void cDeserializeBinary::load(qstd::cAsciiString& value) {
-  // No label in front and the whole string there: no guard needed.
-  if (miLimit - miPos >= 8 && get32(mpBytes + miPos) == idAsciiString) {
-    const unsigned int n = get32(mpBytes + miPos + 4);
-    if (n <= miLimit - miPos - 8) {
-      value.setData(mpBytes + miPos + 8, n);
-      miPos += 8 + n;
-      return;
-    }
-  }
+// A string behind labels, or a failure (the inline path took the rest).
+void cDeserializeBinary::loadAsciiString(qstd::cAsciiString& value) {
   cPosGuard guard(miPos);
   expectTypeId(idAsciiString);
   const unsigned int n = loadU32();

@@ -41,14 +41,27 @@ public:
 
   void loadBlock(qstd::tArray<char>& block) override;
   void load(qucs::cString& value) override;
-  void load(qstd::cAsciiString& value) final;
+  void load(qstd::cAsciiString& value) final {
+    // No label in front and the whole string there: nothing to undo.
+    const unsigned int left = miLimit - miPos;
+    if (left >= 8) {
+      const unsigned long long head = binarybytes::get64(mpBytes + miPos);
+      const unsigned int n = static_cast<unsigned int>(head >> 32);
+      if (static_cast<unsigned int>(head) == idAsciiString && n <= left - 8) {
+        value.setData(mpBytes + miPos + 8, n);
+        miPos += 8 + n;
+        return;
+      }
+    }
+    loadAsciiString(value);
+  }
   // The fixed-width values are read inline when no label stands in front.
   void load(double& value) final { value = binarybytes::bitsDouble(binarybytes::get64(fixed(idDouble, 8))); }
-  void load(bool& value) final { value = binarybytes::get32(fixed(idBool, 4)) != 0; }
+  void load(bool& value) final { value = fixed4(idBool) != 0; }
   void load(long long& value) final { value = static_cast<long long>(binarybytes::get64(fixed(idInt64, 8))); }
   void load(unsigned long long& value) final { value = binarybytes::get64(fixed(idUInt64, 8)); }
-  void load(int& value) final { value = static_cast<int>(binarybytes::get32(fixed(idInt32, 4))); }
-  void load(unsigned int& value) final { value = binarybytes::get32(fixed(idUInt32, 4)); }
+  void load(int& value) final { value = static_cast<int>(fixed4(idInt32)); }
+  void load(unsigned int& value) final { value = fixed4(idUInt32); }
   void load(short& value) final { value = static_cast<short>(binarybytes::get16(fixed(idInt16, 2))); }
   void load(unsigned short& value) final { value = binarybytes::get16(fixed(idUInt16, 2)); }
   void load(unsigned char& value) final { value = static_cast<unsigned char>(*fixed(idUChar, 1)); }
@@ -108,6 +121,18 @@ private:
     }
     return loadFixed(id, n);
   }
+  // A 4-byte value: id and payload read as one 8-byte move.
+  unsigned int fixed4(unsigned int id) {
+    if (miLimit - miPos >= 8) {
+      const unsigned long long both = binarybytes::get64(mpBytes + miPos);
+      if (static_cast<unsigned int>(both) == id) {
+        miPos += 8;
+        return static_cast<unsigned int>(both >> 32);
+      }
+    }
+    return binarybytes::get32(loadFixed(id, 4));
+  }
+  void loadAsciiString(qstd::cAsciiString& value);
   const char* loadFixedDirect(unsigned int id, unsigned int n);
   const char* loadBlockHeader(unsigned long long& size);
   void readContextHeader(sContextHeader& header);

@@ -143,16 +143,8 @@ void cSerializeBinary::store(const qucs::cString& value) {
   guard.commit();
 }
 
-void cSerializeBinary::store(const qstd::cAsciiString& value) {
-  const unsigned int n = value.size();
-  if (n > 0xFFFFFFFFu - 8)
-    qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "store", qstd::OutOfRangeSize, n, 0, 0xFFFFFFFFu - 8);
-  // One reservation for the whole element: nothing can fail after it.
-  char* p = reserveFast(8 + n);
-  put32(p, idAsciiString);
-  put32(p + 4, n);
-  if (n) std::memcpy(p + 8, value.c_str(), n);
-  miPos += 8 + n;
+void cSerializeBinary::throwStringTooLong(unsigned int n) {
+  qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "store", qstd::OutOfRangeSize, n, 0, 0xFFFFFFFFu - 8);
 }
 
 void cSerializeBinary::rewind() { miPos = mpCurrent ? mpCurrent->miHeaderEnd : 0; }

@@ -8,11 +8,14 @@
 #ifndef QELCORE_SA_CSERIALIZEBINARY_H
 #define QELCORE_SA_CSERIALIZEBINARY_H
 
+#include <cstring>
+
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/sa/cbinarybytes.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/sa/csbinarystorecontextdata.h"
+#include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayref.h"
 
@@ -38,7 +41,15 @@ public:
 
   void storeBlock(const char* pData, unsigned int iSize) override;
   void store(const qucs::cString& value) override;
-  void store(const qstd::cAsciiString& value) final;
+  void store(const qstd::cAsciiString& value) final {
+    const unsigned int n = value.size();
+    if (n > 0xFFFFFFFFu - 8) throwStringTooLong(n);
+    // One reservation for the whole element: nothing can fail after it.
+    char* p = reserveFast(8 + n);
+    binarybytes::putTagged32(p, idAsciiString, n);
+    if (n) std::memcpy(p + 8, value.c_str(), n);
+    miPos += 8 + n;
+  }
   // The fixed-width values are written inline; the format is fixed, so a
   // derived archive cannot change them.
   void store(double value) final { putFixed(idDouble, binarybytes::doubleBits(value)); }
@@ -110,6 +121,7 @@ private:
     binarybytes::put64(p + 4, v);
     miPos += 12;
   }
+  [[noreturn]] static void throwStringTooLong(unsigned int n);
   void storeTypeId(unsigned int id);
   void storeRaw(const char* p, unsigned int n);
   void detachContexts();
