@@ -4,16 +4,17 @@
 // {u32, i64, double, bool, 16-character string}. The archive's buffer is
 // grown once as well (the serializer is rewound between runs), so both
 // sides measure the moving of bytes and not the allocator.
-#include <benchmark/benchmark.h>
-
 #include <cstdint>
 #include <cstring>
 #include <vector>
 
-#include "benchutil.h"
+#include <benchmark/benchmark.h>
+
 #include "qelcore/sa/cdeserializebinary.h"
 #include "qelcore/sa/cserializebinary.h"
 #include "qelcore/std/casciistring.h"
+
+#include "benchutil.h"
 
 namespace {
 

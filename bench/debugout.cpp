@@ -1,8 +1,8 @@
 // The cost of a filtered-out trace line, the price every diagnostic call site
 // pays in a normal run, against a plain branch on a flag.
-#include <benchmark/benchmark.h>
-
 #include <atomic>
+
+#include <benchmark/benchmark.h>
 
 #include "qelcore/pi/cabstractout.h"
 

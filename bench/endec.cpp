@@ -2,17 +2,18 @@
 // of pure ASCII and 1 MiB of mixed text (accented Latin, Cyrillic, CJK and
 // some characters outside the basic plane). All output buffers are reused, so
 // the loops measure conversion and not allocation.
-#include <benchmark/benchmark.h>
-#include <iconv.h>
-
 #include <cstdint>
 #include <cstring>
+#include <iconv.h>
 #include <vector>
 
-#include "benchutil.h"
+#include <benchmark/benchmark.h>
+
 #include "qelcore/ucs/cendecutf16.h"
 #include "qelcore/ucs/cendecutf8.h"
 #include "qelcore/ucs/cstring.h"
+
+#include "benchutil.h"
 
 namespace {
 
@@ -38,11 +39,21 @@ unsigned int nextChar(unsigned int& seed, Kind kind, unsigned int& script, unsig
   }
   --wordLeft;
   switch (script) {
-    case 0: case 1: case 2: return 'a' + r % 26;                       // ASCII
-    case 3: case 4: return r % 3 == 0 ? 0xC0 + r % 64 : 'a' + r % 26;  // accented Latin
-    case 5: case 6: return 0x410 + r % 64;                             // Cyrillic
-    case 7: case 8: return 0x4E00 + r % 0x5000;                        // CJK
-    default: return r % 2 ? 0x1F600 + r % 80 : 0x20000 + r % 0x1000;  // four-byte characters
+    case 0:
+    case 1:
+    case 2:
+      return 'a' + r % 26;  // ASCII
+    case 3:
+    case 4:
+      return r % 3 == 0 ? 0xC0 + r % 64 : 'a' + r % 26;  // accented Latin
+    case 5:
+    case 6:
+      return 0x410 + r % 64;  // Cyrillic
+    case 7:
+    case 8:
+      return 0x4E00 + r % 0x5000;  // CJK
+    default:
+      return r % 2 ? 0x1F600 + r % 80 : 0x20000 + r % 0x1000;  // four-byte characters
   }
 }
 

@@ -1,13 +1,14 @@
 // Rendering a message with three placeholders, against formatting the same
 // text with snprintf.
-#include <benchmark/benchmark.h>
-
 #include <cstdio>
 
-#include "benchutil.h"
+#include <benchmark/benchmark.h>
+
 #include "qelcore/std/casciistring.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
+
+#include "benchutil.h"
 
 using qucs::cLIMessage;
 using qucs::cString;
@@ -20,8 +21,8 @@ void BM_Baseline_Snprintf(benchmark::State& state) {
   qelbench::warmMemory(16 << 20);
   char buf[128];
   for (auto _ : state) {
-    int n = std::snprintf(buf, sizeof buf, "Copying %s to %s failed after %lld bytes!", "report.txt", "/backup",
-                          4096LL);
+    int n =
+        std::snprintf(buf, sizeof buf, "Copying %s to %s failed after %lld bytes!", "report.txt", "/backup", 4096LL);
     benchmark::DoNotOptimize(buf);
     benchmark::DoNotOptimize(n);
   }
@@ -31,7 +32,8 @@ BENCHMARK(BM_Baseline_Snprintf);
 // Rendering an already built message.
 void BM_RenderUntranslated(benchmark::State& state) {
   cLIMessage msg(kTemplate);
-  msg << "report.txt" << "/backup" << 4096;
+  msg << "report.txt"
+      << "/backup" << 4096;
   cString out;
   for (auto _ : state) {
     msg.untranslated(out);
@@ -42,7 +44,8 @@ BENCHMARK(BM_RenderUntranslated);
 
 void BM_RenderTranslated(benchmark::State& state) {
   cLIMessage msg(kTemplate);
-  msg << "report.txt" << "/backup" << 4096;
+  msg << "report.txt"
+      << "/backup" << 4096;
   cString translation("Nach %count% Bytes schlug das Kopieren von %file% nach %target% fehl!");
   cString out;
   for (auto _ : state) {
@@ -57,7 +60,8 @@ void BM_BuildAndRender(benchmark::State& state) {
   cString out;
   for (auto _ : state) {
     cLIMessage msg(kTemplate);
-    msg << "report.txt" << "/backup" << 4096;
+    msg << "report.txt"
+        << "/backup" << 4096;
     msg.untranslated(out);
     benchmark::DoNotOptimize(out.data());
   }

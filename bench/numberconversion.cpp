@@ -2,8 +2,6 @@
 // and back (std::to_chars / std::from_chars), doubles to text with the
 // default format (snprintf "%.14g") and text to double (strtod). Each pair
 // works on the same inputs.
-#include <benchmark/benchmark.h>
-
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -12,9 +10,12 @@
 #include <string>
 #include <vector>
 
-#include "benchutil.h"
+#include <benchmark/benchmark.h>
+
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionformat.h"
+
+#include "benchutil.h"
 
 using qstd::cNumberConversion;
 using qstd::cNumberConversionFormat;

@@ -2,11 +2,12 @@
 // a connection, and the two indirect call paths.
 #include <benchmark/benchmark.h>
 
-#include "benchutil.h"
 #include "qelcore/rmi/signal0.h"
 #include "qelcore/sa/cdeserializebinary.h"
 #include "qelcore/sa/creferenceframe.h"
 #include "qelcore/sa/cserializebinary.h"
+
+#include "benchutil.h"
 
 namespace {
 

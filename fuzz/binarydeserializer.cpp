@@ -59,21 +59,77 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const unsigned int op = script[i] % 32;
     try {
       switch (op) {
-        case 0: { unsigned char v; v << d; break; }
-        case 1: { char v; v << d; break; }
-        case 2: { short v; v << d; break; }
-        case 3: { unsigned short v; v << d; break; }
-        case 4: { int v; v << d; break; }
-        case 5: { unsigned int v; v << d; break; }
-        case 6: { long long v; v << d; break; }
-        case 7: { unsigned long long v; v << d; break; }
-        case 8: { double v; v << d; break; }
-        case 9: { bool v; v << d; break; }
-        case 10: { qstd::cAsciiString v; v << d; break; }
-        case 11: { qucs::cString v; v << d; break; }
-        case 12: { qstd::tArray<char> v; v << d; break; }
-        case 13: contexts.emplace_back(new qsa::cContext(d.getContext(0))); break;
-        case 14: contexts.emplace_back(new qsa::cContext(d.getContext("a"))); break;
+        case 0: {
+          unsigned char v;
+          v << d;
+          break;
+        }
+        case 1: {
+          char v;
+          v << d;
+          break;
+        }
+        case 2: {
+          short v;
+          v << d;
+          break;
+        }
+        case 3: {
+          unsigned short v;
+          v << d;
+          break;
+        }
+        case 4: {
+          int v;
+          v << d;
+          break;
+        }
+        case 5: {
+          unsigned int v;
+          v << d;
+          break;
+        }
+        case 6: {
+          long long v;
+          v << d;
+          break;
+        }
+        case 7: {
+          unsigned long long v;
+          v << d;
+          break;
+        }
+        case 8: {
+          double v;
+          v << d;
+          break;
+        }
+        case 9: {
+          bool v;
+          v << d;
+          break;
+        }
+        case 10: {
+          qstd::cAsciiString v;
+          v << d;
+          break;
+        }
+        case 11: {
+          qucs::cString v;
+          v << d;
+          break;
+        }
+        case 12: {
+          qstd::tArray<char> v;
+          v << d;
+          break;
+        }
+        case 13:
+          contexts.emplace_back(new qsa::cContext(d.getContext(0)));
+          break;
+        case 14:
+          contexts.emplace_back(new qsa::cContext(d.getContext("a")));
+          break;
         case 15:
           if (!contexts.empty()) {
             contexts.back()->release();
@@ -87,17 +143,52 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           // Without a guard of its own the innermost context is finished here.
           if (contexts.empty()) d.releaseCurrentContext();
           break;
-        case 18: d.findLabel("a"); break;
-        case 19: d.tryFindLabel(""); break;
-        case 20: d.eoc(); d.eocMayBeLabels(); d.isLabel(); d.isContext(); break;
-        case 21: d.getNextLabelName(); break;
-        case 22: d.getNextContextTypeName(); break;
-        case 23: d.rewind(); break;
-        case 24: { qsa::cSerializeBinary out; d.reserialize(out); break; }
-        case 25: { qsa::cSerializeDebug out; d.reserialize(out); break; }
-        case 26: { unsigned int p; unsigned long long n; d.getNextBlockInfo(p, n); check(p + n <= archive.size()); break; }
-        case 27: d.nextTypeId(); break;
-        default: { unsigned int v; v << d; break; }
+        case 18:
+          d.findLabel("a");
+          break;
+        case 19:
+          d.tryFindLabel("");
+          break;
+        case 20:
+          d.eoc();
+          d.eocMayBeLabels();
+          d.isLabel();
+          d.isContext();
+          break;
+        case 21:
+          d.getNextLabelName();
+          break;
+        case 22:
+          d.getNextContextTypeName();
+          break;
+        case 23:
+          d.rewind();
+          break;
+        case 24: {
+          qsa::cSerializeBinary out;
+          d.reserialize(out);
+          break;
+        }
+        case 25: {
+          qsa::cSerializeDebug out;
+          d.reserialize(out);
+          break;
+        }
+        case 26: {
+          unsigned int p;
+          unsigned long long n;
+          d.getNextBlockInfo(p, n);
+          check(p + n <= archive.size());
+          break;
+        }
+        case 27:
+          d.nextTypeId();
+          break;
+        default: {
+          unsigned int v;
+          v << d;
+          break;
+        }
       }
     } catch (const qstd::cAbstractException&) {
       check(d.currentPos() == before);

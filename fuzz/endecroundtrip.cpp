@@ -18,10 +18,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::memcpy(&c, data + i, 4);
     // Mostly small characters, so that every length is reached often.
     switch (c >> 30) {
-      case 0: c &= 0x7F; break;
-      case 1: c &= 0xFFFF; break;
-      case 2: c &= 0x3FFFF; break;
-      default: break;
+      case 0:
+        c &= 0x7F;
+        break;
+      case 1:
+        c &= 0xFFFF;
+        break;
+      case 2:
+        c &= 0x3FFFF;
+        break;
+      default:
+        break;
     }
     text.append(static_cast<unsigned int>(c));
     if (c == 0 || c >= 200000u) utf8Decodable = false;

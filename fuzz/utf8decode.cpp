@@ -30,8 +30,14 @@ std::string reference(const std::uint8_t* data, std::size_t size, std::vector<un
       continue;
     }
     const unsigned char b = w[0];
-    const unsigned int count = b < 0xC0 ? 0 : b < 0xE0 ? 1 : b < 0xF0 ? 2 : b < 0xF8 ? 3 : b < 0xFC ? 4 : b < 0xFE ? 5
-                             : b == 0xFE ? 6 : 7;
+    const unsigned int count = b < 0xC0    ? 0
+                               : b < 0xE0  ? 1
+                               : b < 0xF0  ? 2
+                               : b < 0xF8  ? 3
+                               : b < 0xFC  ? 4
+                               : b < 0xFE  ? 5
+                               : b == 0xFE ? 6
+                                           : 7;
     if (count >= 4) return "UTF8 decode error - unsupported length of " + std::to_string(count) + "!";
     unsigned int value = 0;
     for (unsigned int j = 0; j <= count; ++j) {

@@ -4,13 +4,13 @@
 #define QELCORE_QELEXPORT_H
 
 #if defined(_WIN32)
-#  if defined(QELCORE_BUILDING_LIBRARY)
-#    define QEL_EXPORT __declspec(dllexport)
-#  else
-#    define QEL_EXPORT __declspec(dllimport)
-#  endif
+#if defined(QELCORE_BUILDING_LIBRARY)
+#define QEL_EXPORT __declspec(dllexport)
 #else
-#  define QEL_EXPORT __attribute__((visibility("default")))
+#define QEL_EXPORT __declspec(dllimport)
+#endif
+#else
+#define QEL_EXPORT __attribute__((visibility("default")))
 #endif
 
 #endif

@@ -24,7 +24,7 @@ public:
     static const struct {
       const char* name;
       Level level;
-    } names[] = {{"all", LevelTrace},     {"trace", LevelTrace}, {"debug", LevelDebug}, {"info", LevelInfo},
+    } names[] = {{"all", LevelTrace},       {"trace", LevelTrace}, {"debug", LevelDebug}, {"info", LevelInfo},
                  {"warning", LevelWarning}, {"error", LevelError}, {"none", LevelNone}};
     for (const auto& n : names)
       if (s == n.name) {

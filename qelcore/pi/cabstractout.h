@@ -68,11 +68,11 @@ private:
 }  // namespace qpi
 
 // Convenience: the text expression is evaluated only when the entry is written.
-#define QEL_DEBUG_OUT(level, text)                                                   \
-  do {                                                                               \
-    ::qpi::cAbstractOut& qelOut_ = ::qpi::cAbstractOut::current();                   \
-    if (qelOut_.enabled(::qpi::cAbstractOut::level, __FILE__))                       \
-      qelOut_.write(::qpi::cAbstractOut::level, (text), __FILE__, __LINE__);         \
+#define QEL_DEBUG_OUT(level, text)                                           \
+  do {                                                                       \
+    ::qpi::cAbstractOut& qelOut_ = ::qpi::cAbstractOut::current();           \
+    if (qelOut_.enabled(::qpi::cAbstractOut::level, __FILE__))               \
+      qelOut_.write(::qpi::cAbstractOut::level, (text), __FILE__, __LINE__); \
   } while (0)
 #define QEL_TRACE(text) QEL_DEBUG_OUT(LevelTrace, text)
 #define QEL_DEBUG(text) QEL_DEBUG_OUT(LevelDebug, text)

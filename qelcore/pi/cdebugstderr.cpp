@@ -12,12 +12,18 @@ namespace {
 
 const char* levelTag(cAbstractOut::Level level) {
   switch (level) {
-    case cAbstractOut::LevelTrace: return "trace";
-    case cAbstractOut::LevelDebug: return "debug";
-    case cAbstractOut::LevelInfo: return "info";
-    case cAbstractOut::LevelWarning: return "warning";
-    case cAbstractOut::LevelError: return "error";
-    default: return "?";
+    case cAbstractOut::LevelTrace:
+      return "trace";
+    case cAbstractOut::LevelDebug:
+      return "debug";
+    case cAbstractOut::LevelInfo:
+      return "info";
+    case cAbstractOut::LevelWarning:
+      return "warning";
+    case cAbstractOut::LevelError:
+      return "error";
+    default:
+      return "?";
   }
 }
 

@@ -28,7 +28,8 @@ class cAbstractSlotCallN : public cAbstractSlotCall {
 public:
   typedef R tResult;
 
-  cAbstractSlotCallN(cConnectable& object, cAbstractSignal* signal) : cAbstractSlotCall(object, signal), mbCalled(false) {}
+  cAbstractSlotCallN(cConnectable& object, cAbstractSignal* signal)
+      : cAbstractSlotCall(object, signal), mbCalled(false) {}
   cAbstractSlotCallN(const cAbstractSlotCallN& other) : cAbstractSlotCall(other), mbCalled(false) {}
 
   // The typed call: stores the slot's result in `result`.

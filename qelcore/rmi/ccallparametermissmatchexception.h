@@ -11,7 +11,8 @@ namespace qrmi {
 class QEL_EXPORT cCallParameterMissmatchException : public qstd::cBugException {
 public:
   cCallParameterMissmatchException();
-  cCallParameterMissmatchException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName, const char* file, unsigned int line);
+  cCallParameterMissmatchException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName, const char* file,
+                                   unsigned int line);
   cCallParameterMissmatchException(const cCallParameterMissmatchException& other);
   cCallParameterMissmatchException& operator=(const cCallParameterMissmatchException& other);
   ~cCallParameterMissmatchException() override;

@@ -57,8 +57,7 @@ private:
   using tFramePtr = std::conditional_t<tIsAlterable<P>::value, tValueType<P>*, const tValueType<P>*>;
 
   template <std::size_t... I>
-  void callFromArchive(qsa::cAbstractDeserializer& in, qsa::cAbstractSerializer& out,
-                       std::index_sequence<I...>) const {
+  void callFromArchive(qsa::cAbstractDeserializer& in, qsa::cAbstractSerializer& out, std::index_sequence<I...>) const {
     tValues values;
     try {
       int expand[] = {0, ((std::get<I>(values) << in), 0)...};

@@ -4,10 +4,12 @@ namespace qrmi {
 
 cNoSuchSignalException::cNoSuchSignalException() {}
 
-cNoSuchSignalException::cNoSuchSignalException(const qucs::cLIMessage& msg, const qstd::cAsciiString& signalName, const char* file, unsigned int line)
+cNoSuchSignalException::cNoSuchSignalException(const qucs::cLIMessage& msg, const qstd::cAsciiString& signalName,
+                                               const char* file, unsigned int line)
     : qstd::cRuntimeException(msg, file, line), msSignal(signalName) {}
 
-cNoSuchSignalException::cNoSuchSignalException(const cNoSuchSignalException& other) : qstd::cRuntimeException(other), msSignal(other.msSignal) {}
+cNoSuchSignalException::cNoSuchSignalException(const cNoSuchSignalException& other)
+    : qstd::cRuntimeException(other), msSignal(other.msSignal) {}
 
 cNoSuchSignalException& cNoSuchSignalException::operator=(const cNoSuchSignalException& other) {
   if (this != &other) {

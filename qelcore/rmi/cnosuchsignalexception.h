@@ -11,7 +11,8 @@ namespace qrmi {
 class QEL_EXPORT cNoSuchSignalException : public qstd::cRuntimeException {
 public:
   cNoSuchSignalException();
-  cNoSuchSignalException(const qucs::cLIMessage& msg, const qstd::cAsciiString& signalName, const char* file, unsigned int line);
+  cNoSuchSignalException(const qucs::cLIMessage& msg, const qstd::cAsciiString& signalName, const char* file,
+                         unsigned int line);
   cNoSuchSignalException(const cNoSuchSignalException& other);
   cNoSuchSignalException& operator=(const cNoSuchSignalException& other);
   ~cNoSuchSignalException() override;

@@ -4,10 +4,12 @@ namespace qrmi {
 
 cNoSuchSlotException::cNoSuchSlotException() {}
 
-cNoSuchSlotException::cNoSuchSlotException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName, const qstd::cAsciiString& slotArgs, const char* file, unsigned int line)
+cNoSuchSlotException::cNoSuchSlotException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName,
+                                           const qstd::cAsciiString& slotArgs, const char* file, unsigned int line)
     : qstd::cRuntimeException(msg, file, line), msSlot(slotName), msArgs(slotArgs) {}
 
-cNoSuchSlotException::cNoSuchSlotException(const cNoSuchSlotException& other) : qstd::cRuntimeException(other), msSlot(other.msSlot), msArgs(other.msArgs) {}
+cNoSuchSlotException::cNoSuchSlotException(const cNoSuchSlotException& other)
+    : qstd::cRuntimeException(other), msSlot(other.msSlot), msArgs(other.msArgs) {}
 
 cNoSuchSlotException& cNoSuchSlotException::operator=(const cNoSuchSlotException& other) {
   if (this != &other) {

@@ -11,7 +11,8 @@ namespace qrmi {
 class QEL_EXPORT cNoSuchSlotException : public qstd::cRuntimeException {
 public:
   cNoSuchSlotException();
-  cNoSuchSlotException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName, const qstd::cAsciiString& slotArgs, const char* file, unsigned int line);
+  cNoSuchSlotException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName,
+                       const qstd::cAsciiString& slotArgs, const char* file, unsigned int line);
   cNoSuchSlotException(const cNoSuchSlotException& other);
   cNoSuchSlotException& operator=(const cNoSuchSlotException& other);
   ~cNoSuchSlotException() override;

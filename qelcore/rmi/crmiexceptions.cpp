@@ -45,14 +45,13 @@ void cRMIExceptions::throwUnconnectedSignal() {
 }
 
 void cRMIExceptions::throwIndirectLocalConnection() {
-  throw qstd::cBugException(cLIMessage("$QTR$Indirect connections not possible with explicit local signals!"),
-                            __FILE__, __LINE__);
+  throw qstd::cBugException(cLIMessage("$QTR$Indirect connections not possible with explicit local signals!"), __FILE__,
+                            __LINE__);
 }
 
 void cRMIExceptions::throwIndirectLocalSlotCall() {
-  throw qstd::cBugException(
-      cLIMessage("$QTR$Slots connected to an explicit local signal cannot be called indirectly!"), __FILE__,
-      __LINE__);
+  throw qstd::cBugException(cLIMessage("$QTR$Slots connected to an explicit local signal cannot be called indirectly!"),
+                            __FILE__, __LINE__);
 }
 
 void cRMIExceptions::throwIndirectCallSlotCallRef() {
@@ -72,8 +71,8 @@ void cRMIExceptions::throwParameterMissmatch(const cPublicSlot* slot, const qstd
                                      __FILE__, __LINE__);
   definition.link(cause);
   cCallParameterMissmatchException e(
-      cLIMessage("$QTR$Slot parameter of (%slot%) or return value missmatch!") << slot->name(), slot->name(),
-      __FILE__, __LINE__);
+      cLIMessage("$QTR$Slot parameter of (%slot%) or return value missmatch!") << slot->name(), slot->name(), __FILE__,
+      __LINE__);
   e.link(definition);
   throw e;
 }

@@ -14,8 +14,8 @@ void cSSValue::set(const qstd::cAsciiString& typeName, bool alterable, bool isVo
 }
 
 bool cSSValue::operator!=(const cSSValue& other) const {
-  return msTypeName != other.msTypeName || msDescription != other.msDescription ||
-         mbAlterable != other.mbAlterable || mbVoid != other.mbVoid;
+  return msTypeName != other.msTypeName || msDescription != other.msDescription || mbAlterable != other.mbAlterable ||
+         mbVoid != other.mbVoid;
 }
 
 qsa::cAbstractSerializer& cSSValue::operator>>(qsa::cAbstractSerializer& out) const {

@@ -123,8 +123,7 @@ public:
                                    const qstd::cAsciiString& description = qstd::cAsciiString()) {
     qstd::tAutoPtr<cAbstractSlotCall> call(new cIndirectResolvingSlotCallN<T, R, A...>(object, method));
     cConnectable& owner = object;
-    cPublicSlot& slot =
-        owner.registerSlot(name, tTypeString<R>::list(), tTypeString<A...>::list(), description, call);
+    cPublicSlot& slot = owner.registerSlot(name, tTypeString<R>::list(), tTypeString<A...>::list(), description, call);
     int expand[] = {0, (describeValue<A>(slot.addParameter()), 0)...};
     (void)expand;
     describeValue<R>(slot.returnValue());

@@ -24,16 +24,14 @@ using tValueType = std::remove_cv_t<std::remove_reference_t<T>>;
 // Whether values of T can travel through archives and reference frames.
 template <class T>
 struct tIsArchivable
-    : std::integral_constant<bool, std::is_default_constructible<tValueType<T>>::value &&
-                                       !std::is_pointer<tValueType<T>>::value &&
-                                       qsa::tIsStorable<tValueType<T>>::value &&
-                                       qsa::tIsLoadable<tValueType<T>>::value> {};
+    : std::integral_constant<
+          bool, std::is_default_constructible<tValueType<T>>::value && !std::is_pointer<tValueType<T>>::value &&
+                    qsa::tIsStorable<tValueType<T>>::value && qsa::tIsLoadable<tValueType<T>>::value> {};
 
 // A parameter the callee may change: a non-constant lvalue reference.
 template <class T>
-struct tIsAlterable
-    : std::integral_constant<bool, std::is_lvalue_reference<T>::value &&
-                                       !std::is_const<std::remove_reference_t<T>>::value> {};
+struct tIsAlterable : std::integral_constant<bool, std::is_lvalue_reference<T>::value &&
+                                                       !std::is_const<std::remove_reference_t<T>>::value> {};
 
 template <class T>
 inline void storeTypeOf(qsa::cSerializeToTypeString& out, std::true_type) {

@@ -67,18 +67,51 @@ private:
   bool mbPreferNoLabels;
 };
 
-inline cAbstractDeserializer& operator<<(char& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(unsigned char& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(short& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(unsigned short& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(int& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(unsigned int& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(double& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(long long& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(unsigned long long& v, cAbstractDeserializer& d) { d.load(v); return d; }
-inline cAbstractDeserializer& operator<<(bool& v, cAbstractDeserializer& d) { d.load(v); return d; }
+inline cAbstractDeserializer& operator<<(char& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(unsigned char& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(short& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(unsigned short& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(int& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(unsigned int& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(double& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(long long& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(unsigned long long& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(bool& v, cAbstractDeserializer& d) {
+  d.load(v);
+  return d;
+}
 // A byte array is loaded as one block.
-inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeserializer& d) { d.loadBlock(v); return d; }
+inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeserializer& d) {
+  d.loadBlock(v);
+  return d;
+}
 // Other arrays, as their writer stored them ("Grow", then "Data"). The
 // array changes only when all of it was read.
 template <class T, class Traits>

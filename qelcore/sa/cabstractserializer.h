@@ -63,16 +63,46 @@ private:
   bool mbPreferNoLabels;
 };
 
-inline cAbstractSerializer& operator>>(char v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(unsigned char v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(short v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(unsigned short v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(int v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(unsigned int v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(double v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(long long v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(unsigned long long v, cAbstractSerializer& s) { s.store(v); return s; }
-inline cAbstractSerializer& operator>>(bool v, cAbstractSerializer& s) { s.store(v); return s; }
+inline cAbstractSerializer& operator>>(char v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(unsigned char v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(short v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(unsigned short v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(int v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(unsigned int v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(double v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(long long v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(unsigned long long v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
+inline cAbstractSerializer& operator>>(bool v, cAbstractSerializer& s) {
+  s.store(v);
+  return s;
+}
 // A byte array is stored as one block.
 inline cAbstractSerializer& operator>>(const qstd::tArray<char>& v, cAbstractSerializer& s) {
   s.storeBlock(v.size() ? v.data(true) : 0, v.size());

@@ -35,9 +35,9 @@ template <class T>
 struct tTypeName {
   static const char* name() { return typeid(T).name(); }
 };
-#define QELCORE_SA_TYPENAME(type, text) \
-  template <>                           \
-  struct tTypeName<type> {              \
+#define QELCORE_SA_TYPENAME(type, text)        \
+  template <>                                  \
+  struct tTypeName<type> {                     \
     static const char* name() { return text; } \
   }
 QELCORE_SA_TYPENAME(piVoid, "piVoid");

@@ -334,9 +334,7 @@ bool cDeserializeBinary::eoc() const {
   return p == miLimit;
 }
 
-bool cDeserializeBinary::isLabel() {
-  return miLimit - miPos >= 4 && get32(mpBytes + miPos) == idLabel;
-}
+bool cDeserializeBinary::isLabel() { return miLimit - miPos >= 4 && get32(mpBytes + miPos) == idLabel; }
 
 bool cDeserializeBinary::isContext() {
   unsigned int id = 0;
@@ -578,9 +576,8 @@ void cDeserializeBinary::reserialize(cAbstractSerializer& out) {
 
 // ---------------------------------------------------------------------------
 
-cSBinaryLoadContextData::cSBinaryLoadContextData(cDeserializeBinary& deserializer,
-                                                 cSBinaryLoadContextData* pEnclosing, unsigned int iBegin,
-                                                 unsigned int iStart, unsigned int iHeaderEnd,
+cSBinaryLoadContextData::cSBinaryLoadContextData(cDeserializeBinary& deserializer, cSBinaryLoadContextData* pEnclosing,
+                                                 unsigned int iBegin, unsigned int iStart, unsigned int iHeaderEnd,
                                                  unsigned long long iSize)
     : mpDeserializer(&deserializer),
       mpEnclosing(pEnclosing),

@@ -12,8 +12,8 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/sa/cbinarybytes.h"
-#include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/sa/csbinaryloadcontextdata.h"
+#include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tconstarrayref.h"
@@ -161,17 +161,50 @@ private:
 };
 
 // Loading from a binary archive by its own type reads inline.
-inline cDeserializeBinary& operator<<(char& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(unsigned char& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(short& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(unsigned short& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(int& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(unsigned int& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(double& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(long long& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(unsigned long long& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(bool& v, cDeserializeBinary& d) { d.load(v); return d; }
-inline cDeserializeBinary& operator<<(qstd::cAsciiString& v, cDeserializeBinary& d) { d.load(v); return d; }
+inline cDeserializeBinary& operator<<(char& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(unsigned char& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(short& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(unsigned short& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(int& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(unsigned int& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(double& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(long long& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(unsigned long long& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(bool& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
+inline cDeserializeBinary& operator<<(qstd::cAsciiString& v, cDeserializeBinary& d) {
+  d.load(v);
+  return d;
+}
 
 }  // namespace qsa
 

@@ -27,8 +27,7 @@ cLabeledTypeMissmatchException::cLabeledTypeMissmatchException(const qstd::cAsci
 cLabeledTypeMissmatchException::cLabeledTypeMissmatchException(const cLabeledTypeMissmatchException& other)
     : qstd::cTypeMissmatchException(other), mLabel(other.mLabel) {}
 
-cLabeledTypeMissmatchException& cLabeledTypeMissmatchException::operator=(
-    const cLabeledTypeMissmatchException& other) {
+cLabeledTypeMissmatchException& cLabeledTypeMissmatchException::operator=(const cLabeledTypeMissmatchException& other) {
   if (this != &other) {
     qstd::cTypeMissmatchException::operator=(other);
     mLabel = other.mLabel;

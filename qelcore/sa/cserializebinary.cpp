@@ -32,8 +32,7 @@ private:
 
 }  // namespace
 
-cSerializeBinary::cSerializeBinary()
-    : mrData(mOwnData), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
+cSerializeBinary::cSerializeBinary() : mrData(mOwnData), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
   setPreferNoLabels(true);
 }
 

@@ -13,8 +13,8 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/sa/cbinarybytes.h"
-#include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/sa/csbinarystorecontextdata.h"
+#include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayref.h"
@@ -134,17 +134,50 @@ private:
 };
 
 // Streaming into a binary archive by its own type writes inline.
-inline cSerializeBinary& operator>>(char v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(unsigned char v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(short v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(unsigned short v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(int v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(unsigned int v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(double v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(long long v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(unsigned long long v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) { s.store(v); return s; }
-inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) { s.store(v); return s; }
+inline cSerializeBinary& operator>>(char v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(unsigned char v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(short v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(unsigned short v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(int v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(unsigned int v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(double v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(long long v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(unsigned long long v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
+inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) {
+  s.store(v);
+  return s;
+}
 
 }  // namespace qsa
 

@@ -32,8 +32,7 @@ public:
   // Whether the value is a T (a const T may refer to a writable value too).
   template <class T>
   bool is() const {
-    return mpInfo && (std::is_const<T>::value || !mbConst) &&
-           sameName(tTypeName<std::remove_const_t<T>>::name());
+    return mpInfo && (std::is_const<T>::value || !mbConst) && sameName(tTypeName<std::remove_const_t<T>>::name());
   }
   // The value as a T; throws the type mismatch when it is of another type,
   // or constant when T is not.
@@ -45,9 +44,7 @@ public:
   const void* address() const { return mpValue; }
 
 private:
-  bool sameName(const char* pName) const {
-    return mpInfo->mpName == pName || std::strcmp(mpInfo->mpName, pName) == 0;
-  }
+  bool sameName(const char* pName) const { return mpInfo->mpName == pName || std::strcmp(mpInfo->mpName, pName) == 0; }
   [[noreturn]] void throwMissmatch(const char* pExpected, bool bWritable) const;
 
   void* mpValue;

@@ -51,8 +51,7 @@ cAbstractException::cAbstractException(const char* text, Type type, const char* 
   }
 }
 
-cAbstractException::cAbstractException(const cAbstractException& other)
-    : std::exception(other), mpHistory(nullptr) {
+cAbstractException::cAbstractException(const cAbstractException& other) : std::exception(other), mpHistory(nullptr) {
   copyBase(other);
 }
 
@@ -121,9 +120,7 @@ void cAbstractException::dump() const {
   }
 }
 
-void cAbstractException::link(const cAbstractException& cause) {
-  link(cause.clone());
-}
+void cAbstractException::link(const cAbstractException& cause) { link(cause.clone()); }
 
 void cAbstractException::link(cAbstractException* cause) {
   if (!cause) return;
@@ -132,9 +129,7 @@ void cAbstractException::link(cAbstractException* cause) {
   last->mpHistory = cause;
 }
 
-const cAbstractException* cAbstractException::has(const cAsciiString& typeName) const {
-  return has(typeName.c_str());
-}
+const cAbstractException* cAbstractException::has(const cAsciiString& typeName) const { return has(typeName.c_str()); }
 
 const cAbstractException* cAbstractException::has(const char* typeName) const {
   if (!typeName) return nullptr;

@@ -12,8 +12,8 @@ namespace qstd {
 namespace {
 
 // Days from 1970-01-01 of the calendar's first and last day.
-const long long MinDays = -719162;   // 0001-01-01
-const long long MaxDays = 2932896;   // 9999-12-31
+const long long MinDays = -719162;  // 0001-01-01
+const long long MaxDays = 2932896;  // 9999-12-31
 
 long long floorDiv(long long a, long long b) { return a / b - ((a % b != 0) && ((a < 0) != (b < 0))); }
 long long floorMod(long long a, long long b) { return a - floorDiv(a, b) * b; }
@@ -58,7 +58,8 @@ void civilFromDays(long long z, int& year, unsigned int& month, unsigned int& da
 cDate::cDate() : miYear(1970), miMonth(1), miDay(1) {}
 
 cDate::cDate(int year, unsigned int month, unsigned int day) : miYear(year), miMonth(month), miDay(day) {
-  if (year < MinYear || year > MaxYear) cSTDExceptions::throwOutOfRange("cDate", "year", OutOfRangeValue, year, MinYear, MaxYear);
+  if (year < MinYear || year > MaxYear)
+    cSTDExceptions::throwOutOfRange("cDate", "year", OutOfRangeValue, year, MinYear, MaxYear);
   if (month < 1 || month > 12) cSTDExceptions::throwOutOfRange("cDate", "month", OutOfRangeValue, month, 1, 12);
   const unsigned int last = monthDays(year, month);
   if (day < 1 || day > last) cSTDExceptions::throwOutOfRange("cDate", "day", OutOfRangeValue, day, 1, last);
@@ -109,8 +110,7 @@ unsigned int cDate::daysInMonth(int year, unsigned int month) {
 }
 
 bool cDate::isValid(int year, unsigned int month, unsigned int day) {
-  return year >= MinYear && year <= MaxYear && month >= 1 && month <= 12 && day >= 1 &&
-         day <= monthDays(year, month);
+  return year >= MinYear && year <= MaxYear && month >= 1 && month <= 12 && day >= 1 && day <= monthDays(year, month);
 }
 
 unsigned int cDate::dayOfWeek() const {
@@ -118,9 +118,7 @@ unsigned int cDate::dayOfWeek() const {
   return static_cast<unsigned int>(floorMod(toDays() + 3, 7)) + 1;
 }
 
-unsigned int cDate::dayOfYear() const {
-  return static_cast<unsigned int>(toDays() - daysFromCivil(miYear, 1, 1)) + 1;
-}
+unsigned int cDate::dayOfYear() const { return static_cast<unsigned int>(toDays() - daysFromCivil(miYear, 1, 1)) + 1; }
 
 long long cDate::toDays() const { return daysFromCivil(miYear, miMonth, miDay); }
 

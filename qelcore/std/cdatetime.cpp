@@ -46,14 +46,19 @@ cDateTime::cDateTime(const cTime& time, Zone zone) : cDateTime() {
   // rejects it either way.
   const unsigned long long limit = 0x7FFFFFFFFFFFFFFFull;
   if (time.get() > limit)
-    cSTDExceptions::throwOutOfRange("cDateTime", "cDateTime", OutOfRangeValue, static_cast<long long>(time.toSec()),
-                                    0, static_cast<long long>(limit / 1000000));
+    cSTDExceptions::throwOutOfRange("cDateTime", "cDateTime", OutOfRangeValue, static_cast<long long>(time.toSec()), 0,
+                                    static_cast<long long>(limit / 1000000));
   setInstant(static_cast<long long>(time.get()), zone);
 }
 
 cDateTime::cDateTime(const cDate& date, unsigned int hour, unsigned int minute, unsigned int second,
                      unsigned int microsecond, Zone zone)
-    : mDate(date), miHour(hour), miMinute(minute), miSecond(second), miMicrosecond(microsecond), meZone(zone),
+    : mDate(date),
+      miHour(hour),
+      miMinute(minute),
+      miSecond(second),
+      miMicrosecond(microsecond),
+      meZone(zone),
       miOffset(0) {
   if (hour > 23) cSTDExceptions::throwOutOfRange("cDateTime", "hour", OutOfRangeValue, hour, 0, 23);
   if (minute > 59) cSTDExceptions::throwOutOfRange("cDateTime", "minute", OutOfRangeValue, minute, 0, 59);
@@ -124,9 +129,7 @@ long long cDateTime::fieldSeconds() const {
   return mDate.toDays() * 86400 + miHour * 3600ll + miMinute * 60ll + miSecond;
 }
 
-long long cDateTime::toMicroseconds() const {
-  return (fieldSeconds() - miOffset) * MicrosPerSecond + miMicrosecond;
-}
+long long cDateTime::toMicroseconds() const { return (fieldSeconds() - miOffset) * MicrosPerSecond + miMicrosecond; }
 
 cTime cDateTime::toTime() const {
   const long long us = toMicroseconds();

@@ -25,8 +25,8 @@ public:
   explicit cDateTime(const cTime& time, Zone zone = cDate::UTC);
   cDateTime(const cDate& date, unsigned int hour, unsigned int minute, unsigned int second,
             unsigned int microsecond = 0, Zone zone = cDate::UTC);
-  cDateTime(int year, unsigned int month, unsigned int day, unsigned int hour, unsigned int minute,
-            unsigned int second, unsigned int microsecond = 0, Zone zone = cDate::UTC);
+  cDateTime(int year, unsigned int month, unsigned int day, unsigned int hour, unsigned int minute, unsigned int second,
+            unsigned int microsecond = 0, Zone zone = cDate::UTC);
 
   static cDateTime now(Zone zone = cDate::Local);
   // Parses "YYYY-MM-DDTHH:MM:SS" (a blank instead of the T is accepted),

@@ -19,8 +19,7 @@ void appendChars(Arr& out, const char* s, unsigned int n) {
   if (n == 0) return;
   unsigned int at = out.appendElements(n);
   typename Arr::ElementType* p = out.data() + at;
-  for (unsigned int i = 0; i < n; ++i)
-    p[i] = static_cast<typename Arr::ElementType>(static_cast<unsigned char>(s[i]));
+  for (unsigned int i = 0; i < n; ++i) p[i] = static_cast<typename Arr::ElementType>(static_cast<unsigned char>(s[i]));
 }
 
 void appendChars(cAsciiString& out, const char* s, unsigned int n) {
@@ -79,9 +78,8 @@ void appendSignedImpl(long long value, Out& out, const cNumberConversionFormat& 
 // --- double to text ---------------------------------------------------------
 
 double negativePowerOfTen(unsigned int precision) {
-  static const double kTable[] = {1e0,   1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,
-                                  1e-8,  1e-9,  1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15,
-                                  1e-16, 1e-17, 1e-18, 1e-19, 1e-20, 1e-21, 1e-22};
+  static const double kTable[] = {1e0,   1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,  1e-8,  1e-9,  1e-10, 1e-11,
+                                  1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-17, 1e-18, 1e-19, 1e-20, 1e-21, 1e-22};
   if (precision < sizeof kTable / sizeof kTable[0]) return kTable[precision];
   return std::pow(10.0, -static_cast<double>(precision));
 }
@@ -311,9 +309,7 @@ bool parseDouble(const C* text, unsigned int length, const cNumberConversionForm
   return true;
 }
 
-const char* bytesOf(const cNumberConversion::tConstByteArrayRef& text) {
-  return text.size() ? text.data() : "";
-}
+const char* bytesOf(const cNumberConversion::tConstByteArrayRef& text) { return text.size() ? text.data() : ""; }
 
 }  // namespace
 
@@ -382,8 +378,8 @@ long long cNumberConversion::fromString(const tConstByteArrayRef& text, const cN
 long long cNumberConversion::fromString(const qucs::cString& text, const cNumberConversionFormat& format) {
   long long result;
   unsigned int bad = 0;
-  if (!parseInteger(text.size() ? text.data() : static_cast<const unsigned int*>(nullptr), text.size(), format,
-                    result, bad))
+  if (!parseInteger(text.size() ? text.data() : static_cast<const unsigned int*>(nullptr), text.size(), format, result,
+                    bad))
     cSTDExceptions::throwInvalidDecimal(text, bad);
   return result;
 }

@@ -35,19 +35,18 @@ public:
     return out;
   }
   template <typename I>
-  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type
-  toString(I value, cAsciiString& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
+  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type toString(
+      I value, cAsciiString& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
     appendAny(value, out, format);
   }
   template <typename I>
-  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type
-  toString(I value, qucs::cString& out,
-           const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
+  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type toString(
+      I value, qucs::cString& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
     appendAny(value, out, format);
   }
   template <typename I>
-  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type
-  toString(I value, tByteArray& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
+  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value>::type toString(
+      I value, tByteArray& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
     appendAny(value, out, format);
   }
 
@@ -59,8 +58,8 @@ public:
   static void appendUnsigned(unsigned long long value, tByteArray& out, const cNumberConversionFormat& format);
 
   // Double to text (always base 10 with the format's digit symbols).
-  static cAsciiString toStringFromDouble(double value,
-                                         const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+  static cAsciiString toStringFromDouble(
+      double value, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static void toStringFromDouble(double value, cAsciiString& out,
                                  const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static void toStringFromDouble(double value, qucs::cString& out,

@@ -1,8 +1,8 @@
 #include "qelcore/std/cnumberconversionformat.h"
 
 #include <atomic>
-#include <type_traits>
 #include <cstring>
+#include <type_traits>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"

@@ -52,8 +52,7 @@ public:
   // start of `text`.
   bool detectBase(const cAsciiString& text, unsigned int& base, unsigned int& prefixLength) const;
   bool detectBase(const char* text, unsigned int length, unsigned int& base, unsigned int& prefixLength) const;
-  bool detectBase(const unsigned int* text, unsigned int length, unsigned int& base,
-                  unsigned int& prefixLength) const;
+  bool detectBase(const unsigned int* text, unsigned int length, unsigned int& base, unsigned int& prefixLength) const;
 
   // Value of the digit `c` (compared upper-cased) among the first base()
   // symbols, or -1.

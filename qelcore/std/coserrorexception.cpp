@@ -13,12 +13,15 @@ cOSErrorException::cOSErrorException(const cAsciiString& operation, int osErrorC
 
 cOSErrorException::cOSErrorException(const cAsciiString& operation, int osErrorCode, const qucs::cString& file)
     : mOperation(operation), miOsErrorCode(osErrorCode), mFileName(file) {
-  setMsg(qucs::cLIMessage("$QTR$OS-Error while trying operation \"%operation%\" on file \"%file%\"!") << operation
-                                                                                                   << file);
+  setMsg(qucs::cLIMessage("$QTR$OS-Error while trying operation \"%operation%\" on file \"%file%\"!")
+         << operation << file);
 }
 
 cOSErrorException::cOSErrorException(const cOSErrorException& other)
-    : cRuntimeException(other), mOperation(other.mOperation), miOsErrorCode(other.miOsErrorCode), mFileName(other.mFileName) {}
+    : cRuntimeException(other),
+      mOperation(other.mOperation),
+      miOsErrorCode(other.miOsErrorCode),
+      mFileName(other.mFileName) {}
 
 cOSErrorException& cOSErrorException::operator=(const cOSErrorException& other) {
   if (this != &other) {

@@ -32,8 +32,7 @@ const char* const kIndexTemplate =
 
 }  // namespace
 
-cOutOfRangeException::cOutOfRangeException()
-    : meType(OutOfRangeIndex), miValue(0), miMin(0), miMax(0) {}
+cOutOfRangeException::cOutOfRangeException() : meType(OutOfRangeIndex), miValue(0), miMin(0), miMax(0) {}
 
 cOutOfRangeException::cOutOfRangeException(const char* container, const char* operation, OutOfRangeType type,
                                            long long value, long long min, long long max)

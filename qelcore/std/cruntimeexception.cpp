@@ -11,7 +11,8 @@ cRuntimeException::cRuntimeException() : cAbstractException("runtime", TypeRunti
 cRuntimeException::cRuntimeException(const qucs::cLIMessage& msg, const char* file, unsigned int line)
     : cAbstractException("runtime", TypeRuntime, file, line), mMessage(msg) {}
 
-cRuntimeException::cRuntimeException(const cRuntimeException& other) : cAbstractException(other), mMessage(other.mMessage) {}
+cRuntimeException::cRuntimeException(const cRuntimeException& other)
+    : cAbstractException(other), mMessage(other.mMessage) {}
 
 cRuntimeException& cRuntimeException::operator=(const cRuntimeException& other) {
   if (this != &other) {

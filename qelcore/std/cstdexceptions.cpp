@@ -47,8 +47,7 @@ void cSTDExceptions::throwUnsupportedOperation(const cAsciiString& op) {
 }
 
 void cSTDExceptions::throwUnsupportedOperation(const char* op) {
-  throw cBugException(qucs::cLIMessage("$QTR$The operation \"%s%\" is not supported!") << orUnknown(op), "unknown",
-                      0);
+  throw cBugException(qucs::cLIMessage("$QTR$The operation \"%s%\" is not supported!") << orUnknown(op), "unknown", 0);
 }
 
 void cSTDExceptions::throwUnexpectedEndOfInput() {
@@ -66,8 +65,8 @@ void cSTDExceptions::throwElementNotFound(const char* container, const char* ope
                       "unknown", 0);
 }
 
-void cSTDExceptions::throwOutOfRange(const char* container, const char* operation, OutOfRangeType type,
-                                     long long value, long long min, long long max) {
+void cSTDExceptions::throwOutOfRange(const char* container, const char* operation, OutOfRangeType type, long long value,
+                                     long long min, long long max) {
   throw cOutOfRangeException(container, operation, type, value, min, max);
 }
 

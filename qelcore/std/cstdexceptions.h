@@ -68,8 +68,8 @@ public:
 }  // namespace qstd
 
 // Always checked, never aborts: a failed condition throws cBugException.
-#define QEL_ASSERT(cond, source)                                                      \
-  do {                                                                                \
+#define QEL_ASSERT(cond, source)                                                        \
+  do {                                                                                  \
     if (!(cond)) ::qstd::cSTDExceptions::throwAssertionFailed(#cond, source, __LINE__); \
   } while (0)
 

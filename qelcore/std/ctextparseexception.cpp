@@ -6,18 +6,24 @@ namespace qstd {
 
 cTextParseException::cTextParseException() : miRow(0), miColumn(0) {}
 
-cTextParseException::cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, unsigned int row, unsigned int column)
+cTextParseException::cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, unsigned int row,
+                                         unsigned int column)
     : mFormat(format), miRow(row), miColumn(column) {
   setMsg(msg);
 }
 
-cTextParseException::cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, const qucs::cString& file, unsigned int row, unsigned int column)
+cTextParseException::cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format,
+                                         const qucs::cString& file, unsigned int row, unsigned int column)
     : mFormat(format), mFileName(file), miRow(row), miColumn(column) {
   setMsg(msg);
 }
 
 cTextParseException::cTextParseException(const cTextParseException& other)
-    : cRuntimeException(other), mFormat(other.mFormat), mFileName(other.mFileName), miRow(other.miRow), miColumn(other.miColumn) {}
+    : cRuntimeException(other),
+      mFormat(other.mFormat),
+      mFileName(other.mFileName),
+      miRow(other.miRow),
+      miColumn(other.miColumn) {}
 
 cTextParseException& cTextParseException::operator=(const cTextParseException& other) {
   if (this != &other) {

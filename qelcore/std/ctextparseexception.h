@@ -13,7 +13,8 @@ class QEL_EXPORT cTextParseException : public cRuntimeException {
 public:
   cTextParseException();
   cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, unsigned int row, unsigned int column);
-  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, const qucs::cString& file, unsigned int row, unsigned int column);
+  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, const qucs::cString& file,
+                      unsigned int row, unsigned int column);
   cTextParseException(const cTextParseException& other);
   cTextParseException& operator=(const cTextParseException& other);
   ~cTextParseException() override;

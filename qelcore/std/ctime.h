@@ -21,7 +21,9 @@ public:
   // hours * 3600 is formed in 32 bits, everything after it in 64 bits.
   cTime(unsigned int hours, unsigned int minutes, unsigned int seconds, unsigned int microseconds)
       : mullTime((static_cast<unsigned long long>(hours * 3600u) + static_cast<unsigned long long>(minutes) * 60ull +
-                  seconds) * 1000000ull + microseconds) {}
+                  seconds) *
+                     1000000ull +
+                 microseconds) {}
 
   unsigned long long get() const { return mullTime; }
   void set(unsigned long long microseconds) { mullTime = microseconds; }

@@ -6,13 +6,11 @@ namespace qstd {
 
 cTypeErrorException::cTypeErrorException() {}
 
-cTypeErrorException::cTypeErrorException(const cAsciiString& type)
-    : mType(type) {
+cTypeErrorException::cTypeErrorException(const cAsciiString& type) : mType(type) {
   setMsg(qucs::cLIMessage("$QTR$Type error while deserializing of %type%!") << type);
 }
 
-cTypeErrorException::cTypeErrorException(const cTypeErrorException& other)
-    : cBugException(other), mType(other.mType) {}
+cTypeErrorException::cTypeErrorException(const cTypeErrorException& other) : cBugException(other), mType(other.mType) {}
 
 cTypeErrorException& cTypeErrorException::operator=(const cTypeErrorException& other) {
   if (this != &other) {

@@ -12,7 +12,8 @@ cTypeMissmatchException::cTypeMissmatchException(const cAsciiString& expected, c
          << expected << assigned);
 }
 
-cTypeMissmatchException::cTypeMissmatchException(const qucs::cLIMessage& msg, const cAsciiString& expected, const cAsciiString& assigned)
+cTypeMissmatchException::cTypeMissmatchException(const qucs::cLIMessage& msg, const cAsciiString& expected,
+                                                 const cAsciiString& assigned)
     : mExpectedType(expected), mAssignedType(assigned) {
   setMsg(msg);
 }

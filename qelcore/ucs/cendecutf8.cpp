@@ -92,8 +92,14 @@ struct cLeadTable {
   unsigned char count[256];
   constexpr cLeadTable() : count{} {
     for (unsigned int b = 0; b < 256; ++b)
-      count[b] = static_cast<unsigned char>(b < 0xC0 ? 0 : b < 0xE0 ? 1 : b < 0xF0 ? 2 : b < 0xF8 ? 3 : b < 0xFC ? 4
-                                                     : b < 0xFE ? 5 : b == 0xFE ? 6 : 7);
+      count[b] = static_cast<unsigned char>(b < 0xC0    ? 0
+                                            : b < 0xE0  ? 1
+                                            : b < 0xF0  ? 2
+                                            : b < 0xF8  ? 3
+                                            : b < 0xFC  ? 4
+                                            : b < 0xFE  ? 5
+                                            : b == 0xFE ? 6
+                                                        : 7);
   }
 };
 constexpr cLeadTable LeadTable;

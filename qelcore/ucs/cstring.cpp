@@ -191,7 +191,9 @@ cString& cString::addDouble(double value, const cNumberConversionFormat& format)
   return addString(s);
 }
 
-long long cString::toInt() const { return cNumberConversion::fromString(*this, cNumberConversionFormat::systemDefault()); }
+long long cString::toInt() const {
+  return cNumberConversion::fromString(*this, cNumberConversionFormat::systemDefault());
+}
 long long cString::toInt(const cNumberConversionFormat& format) const {
   return cNumberConversion::fromString(*this, format);
 }
@@ -209,7 +211,8 @@ double cString::toDouble(const cNumberConversionFormat& format) const {
 // --- comparison ---------------------------------------------------------------
 
 bool cString::operator==(const cString& other) const {
-  return size() == other.size() && (size() == 0 || std::memcmp(data(), other.data(), size() * sizeof(unsigned int)) == 0);
+  return size() == other.size() &&
+         (size() == 0 || std::memcmp(data(), other.data(), size() * sizeof(unsigned int)) == 0);
 }
 
 bool cString::operator==(const qstd::cAsciiString& other) const {

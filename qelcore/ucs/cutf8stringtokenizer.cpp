@@ -4,8 +4,8 @@
 
 namespace qucs {
 
-cUTF8StringTokenizer::cUTF8StringTokenizer(const cString& text, const cString& separators,
-                                           const cString& keyTokens, bool emptyTokens)
+cUTF8StringTokenizer::cUTF8StringTokenizer(const cString& text, const cString& separators, const cString& keyTokens,
+                                           bool emptyTokens)
     : mText(text),
       mTokenizer(mText.data(true), mText.size(), separators.data(true), separators.size(), keyTokens.data(true),
                  keyTokens.size(), emptyTokens),

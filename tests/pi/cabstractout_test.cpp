@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "qelcore/pi/cdebugstderr.h"
+
 #include "support/capturingout.h"
 
 using qeltest::cCapturingOut;
@@ -77,7 +78,8 @@ namespace {
 #if defined(__GNUC__)
 __attribute__((noinline))
 #endif
-unsigned int captureHere(std::uintptr_t* frames) {
+unsigned int
+captureHere(std::uintptr_t* frames) {
   return cAbstractOut::captureBacktrace(frames, cAbstractOut::MaxBacktrace);
 }
 }  // namespace

@@ -1,13 +1,14 @@
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "qelcore/rmi/cunconnectedsignalexception.h"
 #include "qelcore/rmi/signal0.h"
 #include "qelcore/std/cbugexception.h"
+
 #include "rmitestutil.h"
 #include "support/capturingout.h"
 

@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/rmi/cabstractrmifactory.h"
 #include "qelcore/rmi/ccallparametermissmatchexception.h"
@@ -9,14 +9,15 @@
 #include "qelcore/rmi/cnosuchslotexception.h"
 #include "qelcore/rmi/cpublicsignal.h"
 #include "qelcore/rmi/cpublicslot.h"
+#include "qelcore/rmi/crmiexceptionfactory.h"
 #include "qelcore/rmi/cunconnectedsignalexception.h"
 #include "qelcore/rmi/signal0.h"
 #include "qelcore/sa/cdeserializebinary.h"
 #include "qelcore/sa/creferenceframe.h"
 #include "qelcore/sa/cserializebinary.h"
-#include "qelcore/rmi/crmiexceptionfactory.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cstdexceptionfactory.h"
+
 #include "rmitestutil.h"
 #include "support/capturingout.h"
 

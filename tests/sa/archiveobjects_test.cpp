@@ -1,13 +1,12 @@
 // Objects in archives: exception chains, messages, build information, type
 // strings, reference frames, the debug text and files.
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <string>
 
-#include "archivetestutil.h"
+#include <gtest/gtest.h>
+
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/cdeserializebinary.h"
 #include "qelcore/sa/clabeledtypemissmatchexception.h"
@@ -24,6 +23,8 @@
 #include "qelcore/std/ctypemissmatchexception.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
+
+#include "archivetestutil.h"
 
 using namespace satest;
 using qsa::cDeserializeBinary;
@@ -245,7 +246,8 @@ TEST(ArchiveObjects, ReferenceFrameChecksTypesOnEveryAccess) {
     frame.next<qstd::cAsciiString>();  // constant entry, writable access
     FAIL();
   } catch (const qstd::cTypeMissmatchException& e) {
-    EXPECT_EQ(textOf(e), "Type mismatch: Expecting type \"cAsciiString\" but got object of type \"const cAsciiString\"!");
+    EXPECT_EQ(textOf(e),
+              "Type mismatch: Expecting type \"cAsciiString\" but got object of type \"const cAsciiString\"!");
   }
   EXPECT_EQ(frame.position(), 1u);
   EXPECT_STREQ(frame.next<const qstd::cAsciiString>().c_str(), "n");

@@ -2,7 +2,6 @@
 // contexts and labels as they appear on the wire.
 #include <gtest/gtest.h>
 
-#include "archivetestutil.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/csaexceptions.h"
 #include "qelcore/sa/cserializebinary.h"
@@ -10,6 +9,8 @@
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/ucs/cstring.h"
+
+#include "archivetestutil.h"
 
 using namespace satest;
 using qsa::cSerializeBinary;
@@ -29,17 +30,30 @@ TEST(BinaryLayout, EveryFixedWidthTypeHasItsIdAndLittleEndianPayload) {
   static_cast<short>(-1) >> s;
 
   Bytes e;
-  u32(e, 2); e.push_back(0xAB);
-  u32(e, 3); e.push_back('x');
-  u32(e, 4); u32(e, 0x01020304u);
-  u32(e, 5); u32(e, 0xFFFFFFFEu);
-  u32(e, 6); u64(e, 0x0102030405060708ull);
-  u32(e, 7); u64(e, 0xFFFFFFFFFFFFFFFDull);
-  u32(e, 8); u32(e, 1);
-  u32(e, 8); u32(e, 0);
-  u32(e, 9); u64(e, 0x3FF0000000000000ull);
-  u32(e, 17); e.push_back(0xEF); e.push_back(0xBE);
-  u32(e, 18); e.push_back(0xFF); e.push_back(0xFF);
+  u32(e, 2);
+  e.push_back(0xAB);
+  u32(e, 3);
+  e.push_back('x');
+  u32(e, 4);
+  u32(e, 0x01020304u);
+  u32(e, 5);
+  u32(e, 0xFFFFFFFEu);
+  u32(e, 6);
+  u64(e, 0x0102030405060708ull);
+  u32(e, 7);
+  u64(e, 0xFFFFFFFFFFFFFFFDull);
+  u32(e, 8);
+  u32(e, 1);
+  u32(e, 8);
+  u32(e, 0);
+  u32(e, 9);
+  u64(e, 0x3FF0000000000000ull);
+  u32(e, 17);
+  e.push_back(0xEF);
+  e.push_back(0xBE);
+  u32(e, 18);
+  e.push_back(0xFF);
+  e.push_back(0xFF);
   EXPECT_EQ(bytesOf(s), e);
 }
 
@@ -54,15 +68,20 @@ TEST(BinaryLayout, StringsAndBlocks) {
   qstd::tArray<char>("xyz", 3) >> s;
   s.storeBlock(0, 0);
 
-  Bytes e = words({10, 0});                    // empty ASCII string: exactly 8 bytes
+  Bytes e = words({10, 0});  // empty ASCII string: exactly 8 bytes
   e = cat(e, words({10, 2}));
-  e.push_back('a'); e.push_back('b');
-  e = cat(e, words({11, 2, 'A', 0xE9}));       // 32-bit characters
-  e = cat(e, words({16, 3}));                   // UTF-8
-  e.push_back('A'); e.push_back(0xC3); e.push_back(0xA9);
+  e.push_back('a');
+  e.push_back('b');
+  e = cat(e, words({11, 2, 'A', 0xE9}));  // 32-bit characters
+  e = cat(e, words({16, 3}));             // UTF-8
+  e.push_back('A');
+  e.push_back(0xC3);
+  e.push_back(0xA9);
   e = cat(e, words({16, 0}));
   e = cat(e, words({1, 3}));
-  e.push_back('x'); e.push_back('y'); e.push_back('z');
+  e.push_back('x');
+  e.push_back('y');
+  e.push_back('z');
   e = cat(e, words({1, 0}));
   EXPECT_EQ(bytesOf(s), e);
 }

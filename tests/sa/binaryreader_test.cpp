@@ -2,10 +2,9 @@
 // contexts, labels, skipping and copying.
 #include <gtest/gtest.h>
 
-#include "archivetestutil.h"
 #include "qelcore/sa/ccontext.h"
-#include "qelcore/sa/clabeledtypemissmatchexception.h"
 #include "qelcore/sa/cdeserializebinary.h"
+#include "qelcore/sa/clabeledtypemissmatchexception.h"
 #include "qelcore/sa/cserializebinary.h"
 #include "qelcore/sa/cserializetotypestring.h"
 #include "qelcore/sa/ctypereference.h"
@@ -14,6 +13,8 @@
 #include "qelcore/std/ctypemissmatchexception.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
+
+#include "archivetestutil.h"
 
 using namespace satest;
 using qsa::cDeserializeBinary;
@@ -46,14 +47,42 @@ TEST(BinaryReader, EveryTypeRoundTrips) {
   qstd::tArray<char>("\0\1\2", 3) >> s;
 
   cDeserializeBinary d(s.ownData());
-  unsigned char uc; char c; short sh; unsigned short ush; int i; unsigned int ui;
-  long long ll; unsigned long long ull; double db; bool b;
-  qstd::cAsciiString as; qucs::cString cs; qstd::tArray<char> block;
-  uc << d; c << d; sh << d; ush << d; i << d; ui << d; ll << d; ull << d; db << d; b << d;
-  as << d; cs << d; block << d;
-  EXPECT_EQ(uc, 200); EXPECT_EQ(c, 'c'); EXPECT_EQ(sh, -300); EXPECT_EQ(ush, 60000);
-  EXPECT_EQ(i, -5); EXPECT_EQ(ui, 4000000000u); EXPECT_EQ(ll, -6000000000ll);
-  EXPECT_EQ(ull, 18000000000000000000ull); EXPECT_EQ(db, 0.25); EXPECT_TRUE(b);
+  unsigned char uc;
+  char c;
+  short sh;
+  unsigned short ush;
+  int i;
+  unsigned int ui;
+  long long ll;
+  unsigned long long ull;
+  double db;
+  bool b;
+  qstd::cAsciiString as;
+  qucs::cString cs;
+  qstd::tArray<char> block;
+  uc << d;
+  c << d;
+  sh << d;
+  ush << d;
+  i << d;
+  ui << d;
+  ll << d;
+  ull << d;
+  db << d;
+  b << d;
+  as << d;
+  cs << d;
+  block << d;
+  EXPECT_EQ(uc, 200);
+  EXPECT_EQ(c, 'c');
+  EXPECT_EQ(sh, -300);
+  EXPECT_EQ(ush, 60000);
+  EXPECT_EQ(i, -5);
+  EXPECT_EQ(ui, 4000000000u);
+  EXPECT_EQ(ll, -6000000000ll);
+  EXPECT_EQ(ull, 18000000000000000000ull);
+  EXPECT_EQ(db, 0.25);
+  EXPECT_TRUE(b);
   EXPECT_STREQ(as.c_str(), "label-ish");
   EXPECT_TRUE(cs == qucs::cString("wide \xFC"));
   ASSERT_EQ(block.size(), 3u);
@@ -259,7 +288,11 @@ TEST(BinaryReader, SixtyFourBitContextsAndBlocksAreRead) {
   u64(b, 12 + 8 + 17);
   b = cat(b, words({8, 0, 14}));
   u64(b, 5);
-  b.push_back('h'); b.push_back('e'); b.push_back('l'); b.push_back('l'); b.push_back('o');
+  b.push_back('h');
+  b.push_back('e');
+  b.push_back('l');
+  b.push_back('l');
+  b.push_back('o');
   b = cat(b, words({4, 9}));
   qstd::tArray<char> data = arrayOf(b);
   cDeserializeBinary d(data);

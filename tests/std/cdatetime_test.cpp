@@ -1,10 +1,10 @@
 #include "qelcore/std/cdatetime.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <ctime>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/cdate.h"
 #include "qelcore/std/coutofrangeexception.h"
@@ -147,9 +147,9 @@ TEST(DateTime, Parsing) {
   cDateTime local = cDateTime(cTime(LeapNoon), cDate::Local);
   EXPECT_EQ(cDateTime::fromString(local.toIsoString(true)), local);
 
-  for (const char* bad : {"2024-02-29", "2024-02-29T12:34", "2024-02-29T24:00:00", "2024-02-30T00:00:00",
-                          "2024-02-29T12:34:56.", "2024-02-29T12:34:56.1234567", "2024-02-29T12:34:56+1:00",
-                          "2024-02-29T12:34:56Zx", "2024-02-29X12:34:56"})
+  for (const char* bad :
+       {"2024-02-29", "2024-02-29T12:34", "2024-02-29T24:00:00", "2024-02-30T00:00:00", "2024-02-29T12:34:56.",
+        "2024-02-29T12:34:56.1234567", "2024-02-29T12:34:56+1:00", "2024-02-29T12:34:56Zx", "2024-02-29X12:34:56"})
     EXPECT_THROW(cDateTime::fromString(bad), qstd::cTextParseException) << bad;
 }
 
@@ -192,8 +192,10 @@ TEST(DateTime, LocalTimeInAZoneWithDaylightSaving) {
   EXPECT_EQ(before.microsecondsTo(before.addDays(1)), 23ll * 3600 * 1000000);
   EXPECT_EQ(cDate(cTime(1711839600000000ull), cDate::Local), cDate(2024, 3, 31));  // 23:00 UTC on the 30th
 
-  if (old) setenv("TZ", saved.c_str(), 1);
-  else unsetenv("TZ");
+  if (old)
+    setenv("TZ", saved.c_str(), 1);
+  else
+    unsetenv("TZ");
   tzset();
 }
 #endif

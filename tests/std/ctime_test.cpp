@@ -1,8 +1,8 @@
 #include "qelcore/std/ctime.h"
 
-#include <gtest/gtest.h>
-
 #include <ctime>
+
+#include <gtest/gtest.h>
 
 using qstd::cTime;
 

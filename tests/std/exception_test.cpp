@@ -1,8 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <cstring>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
@@ -19,6 +19,7 @@
 #include "qelcore/ucs/clilocale.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
+
 #include "support/capturingout.h"
 
 using namespace qstd;
@@ -80,8 +81,7 @@ TEST(Exceptions, ThrowFunctionTexts) {
             "Bug (\"state\") detected!");
   EXPECT_EQ(thrown<cBugException>([] { cSTDExceptions::throwUnsupportedOperation(cAsciiString("fly")); }),
             "The operation \"fly\" is not supported!");
-  EXPECT_EQ(thrown<cRuntimeException>([] { cSTDExceptions::throwUnexpectedEndOfInput(); }),
-            "Unexpected end of input!");
+  EXPECT_EQ(thrown<cRuntimeException>([] { cSTDExceptions::throwUnexpectedEndOfInput(); }), "Unexpected end of input!");
   EXPECT_EQ(thrown<cBugException>([] { cSTDExceptions::throwElementNotFound(nullptr, "get"); }),
             "Element could not be found in \"unknown\" while operation \"get\"!");
   EXPECT_EQ(thrown<cRuntimeException>([] { cSTDExceptions::throwInvalidDecimalBase(40, 2, 36); }),
@@ -93,9 +93,9 @@ TEST(Exceptions, ThrowFunctionTexts) {
             "User requested object of wrong type (\"int\") from type cAny which contains \"double\"!");
   EXPECT_EQ(thrown<cTypeErrorException>([] { cSTDExceptions::throwTypeError(cAsciiString("cFoo")); }),
             "Type error while deserializing of cFoo!");
-  EXPECT_EQ(thrown<cTypeMissmatchException>(
-                [] { cSTDExceptions::throwTypeMissmatch(cAsciiString("A"), cAsciiString("B")); }),
-            "Type mismatch: Expecting type \"A\" but got object of type \"B\"!");
+  EXPECT_EQ(
+      thrown<cTypeMissmatchException>([] { cSTDExceptions::throwTypeMissmatch(cAsciiString("A"), cAsciiString("B")); }),
+      "Type mismatch: Expecting type \"A\" but got object of type \"B\"!");
   EXPECT_EQ(thrown<cOSErrorException>([] { cSTDExceptions::throwOSError(cAsciiString("open"), 2); }),
             "OS-Error while trying operation \"open\"!");
   EXPECT_EQ(thrown<cOSErrorException>([] { cSTDExceptions::throwOSError(cAsciiString("open"), 2, cString("a.txt")); }),
@@ -154,8 +154,9 @@ TEST(Exceptions, OutOfRangeAlwaysUsesTheIndexText) {
     }
   }
   cOutOfRangeException e(nullptr, nullptr, OutOfRangeSize, -1, -9223372036854775807LL - 1, 3);
-  EXPECT_EQ(text(e), "Index out of range in unknown / unknown. The index should be between -9223372036854775808 - 3 "
-                     "but is -1!");
+  EXPECT_EQ(text(e),
+            "Index out of range in unknown / unknown. The index should be between -9223372036854775808 - 3 "
+            "but is -1!");
 }
 
 TEST(Exceptions, FixedBuffersCutLongTexts) {
@@ -286,7 +287,7 @@ TEST(Exceptions, MeDumpWritesAStackTraceOnConstruction) {
 }
 
 TEST(Exceptions, FactoryKnowsTheFoundationClasses) {
-  const char* names[] = {"cBugException",       "cRuntimeException",       "cOutOfBoundsException",
+  const char* names[] = {"cBugException",        "cRuntimeException",       "cOutOfBoundsException",
                          "cOutOfRangeException", "cOSErrorException",       "cTextParseException",
                          "cTypeErrorException",  "cTypeMissmatchException", "cNumberConversionException"};
   cSTDExceptionFactory factory;

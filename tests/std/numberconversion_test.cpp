@@ -1,10 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <random>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cnumberconversion.h"
@@ -58,7 +58,8 @@ std::string referenceDouble(double value, const cNumberConversionFormat& f) {
   if (f.isAddIntegerPart()) {
     if (value >= 1) {
       std::string digits;
-      for (double w = value; w >= 1; w /= 10) digits.insert(digits.begin(), f.digitChar(static_cast<int>(std::fmod(w, 10))));
+      for (double w = value; w >= 1; w /= 10)
+        digits.insert(digits.begin(), f.digitChar(static_cast<int>(std::fmod(w, 10))));
       out += digits;
     } else {
       out += f.digitChar(0);
@@ -260,7 +261,8 @@ TEST(NumberConversion, Format) {
   EXPECT_EQ(f.digitChar(10), 'A');
 
   // The system default is the process-wide format until one is installed.
-  EXPECT_EQ(&cNumberConversionFormat::systemDefault(), &cNumberConversionFormat::getGlobalDefaultNumberConversionFormat());
+  EXPECT_EQ(&cNumberConversionFormat::systemDefault(),
+            &cNumberConversionFormat::getGlobalDefaultNumberConversionFormat());
   cNumberConversionFormat hex(16);
   const cNumberConversionFormat* previous = cNumberConversionFormat::installSystemDefault(&hex);
   EXPECT_STREQ(cNumberConversion::toString(255).c_str(), "ff");

@@ -1,12 +1,13 @@
-#include <gtest/gtest.h>
+#include "qelcore/ucs/climessage.h"
 
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
 #include "qelcore/ucs/clilocale.h"
-#include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/clitrtable.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -32,7 +33,8 @@ std::string translated(const cLIMessage& m, const char* translation) {
 
 TEST(LIMessage, TemplateAndMarkers) {
   cLIMessage m;
-  m << "$QTR$File %file% exists!" << "a.txt";
+  m << "$QTR$File %file% exists!"
+    << "a.txt";
   EXPECT_STREQ(m.key().c_str(), "File %file% exists!");
   EXPECT_TRUE(m.isTranslatable());
   EXPECT_EQ(plain(m), "File a.txt exists!");
@@ -52,14 +54,16 @@ TEST(LIMessage, TemplateAndMarkers) {
 
   // A cString is always a value, never the template.
   cLIMessage valueFirst;
-  valueFirst << cString("v") << "T %a%" << "x";
+  valueFirst << cString("v") << "T %a%"
+             << "x";
   EXPECT_STREQ(valueFirst.key().c_str(), "T %a%");
   EXPECT_EQ(plain(valueFirst), "T x");
 }
 
 TEST(LIMessage, BindingAndRendering) {
   cLIMessage swapped("$QTR$%first% before %second%");
-  swapped << "A" << "B";
+  swapped << "A"
+          << "B";
   EXPECT_EQ(translated(swapped, "%second% after %first%, %first% again"), "B after A, A again");
   EXPECT_EQ(translated(swapped, "%unknown%"), "???");
 
@@ -73,7 +77,9 @@ TEST(LIMessage, BindingAndRendering) {
 
   // Blank-ended and unterminated placeholders, and "%%" (name "%").
   cLIMessage shapes("$QTR$%a b %c %%!");
-  shapes << "1" << "2" << "3";
+  shapes << "1"
+         << "2"
+         << "3";
   EXPECT_STREQ(shapes.paramName(0).c_str(), "%a");
   EXPECT_STREQ(shapes.paramName(2).c_str(), "%");
   EXPECT_EQ(plain(shapes), "1 b 2 3!");
@@ -83,13 +89,15 @@ TEST(LIMessage, BindingAndRendering) {
 
   // Values are literal; template escapes are resolved.
   cLIMessage literal("$QTR$\\%%v% and \\\\ %w%");
-  literal << "50% \\n" << "%v%";
+  literal << "50% \\n"
+          << "%v%";
   EXPECT_EQ(plain(literal), "%50% \\n and \\ %v%");
   EXPECT_STREQ(literal.paramName(0).c_str(), "%v");
 
   // Same names bind in template order and the first one wins.
   cLIMessage twice("$QTR$%n% %n%");
-  twice << "one" << "two";
+  twice << "one"
+        << "two";
   EXPECT_EQ(plain(twice), "one one");
 
   // Non-ASCII in the key renders as '?', names included.

@@ -1,11 +1,12 @@
-#include <gtest/gtest.h>
+#include "qelcore/ucs/cstring.h"
 
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cnumberconversionformat.h"
 #include "qelcore/std/cruntimeexception.h"
-#include "qelcore/ucs/cstring.h"
 
 using qstd::cAsciiString;
 using qucs::cString;

@@ -1,10 +1,11 @@
-#include <gtest/gtest.h>
+#include "qelcore/ucs/cutf8stringtokenizer.h"
 
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "qelcore/std/cbugexception.h"
-#include "qelcore/ucs/cutf8stringtokenizer.h"
 
 using qucs::cString;
 using qucs::cUTF8StringTokenizer;

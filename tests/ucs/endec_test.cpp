@@ -1,8 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <initializer_list>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/casciistring.h"
@@ -176,11 +176,11 @@ TEST(EnDecUTF8, RoundTripsBelowTheFiveByteThreshold) {
   for (unsigned int i = 0; i < 5000; ++i) {
     seed = seed * 1103515245u + 12345u;
     unsigned int pick = (seed >> 16) % 10;
-    unsigned int c = pick < 6 ? 0x20 + (seed >> 8) % 0x5F
-                   : pick == 6 ? 0x80 + (seed >> 4) % 0x780
-                   : pick == 7 ? 0x800 + (seed >> 4) % 0xF000
-                   : pick == 8 ? 0x10000 + (seed >> 4) % 0x20D40
-                               : 1 + (seed >> 4) % 0x7F;
+    unsigned int c = pick < 6    ? 0x20 + (seed >> 8) % 0x5F
+                     : pick == 6 ? 0x80 + (seed >> 4) % 0x780
+                     : pick == 7 ? 0x800 + (seed >> 4) % 0xF000
+                     : pick == 8 ? 0x10000 + (seed >> 4) % 0x20D40
+                                 : 1 + (seed >> 4) % 0x7F;
     mixed.append(c);
   }
   tBytes mb;
@@ -270,8 +270,11 @@ TEST(EnDecUTF16, EncodesUnitsSwappedForBigEndian) {
 TEST(EnDecUTF16, UnmappableCharactersFailWithoutWritingAnything) {
   for (unsigned int c : {0xD800u, 0xDBFFu, 0xDC00u, 0xDFFFu, 0x110000u, 0xFFFFFFFFu}) {
     tBytes out = bytes({0x7E});
-    expectRuntime([&] { cEnDecUTF16(4).encode(text({0x41, c}), out); },
-                  "Unable to convert unmappable character to utf16!");
+    expectRuntime(
+        [&] {
+          cEnDecUTF16(4).encode(text({0x41, c}), out);
+        },
+        "Unable to convert unmappable character to utf16!");
     EXPECT_EQ(units(out), V({0x7E}));
     tArray<unsigned short> u;
     expectRuntime([&] { cEnDecUTF16(0).encode(text({c}), u); }, "Unable to convert unmappable character to utf16!");

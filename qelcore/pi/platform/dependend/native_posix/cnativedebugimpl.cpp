@@ -1,12 +1,11 @@
 #include "qelcore/pi/platform/cnativedebugimpl.h"
 
-#include <cxxabi.h>
-#include <dlfcn.h>
-#include <unwind.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
+#include <cxxabi.h>
+#include <dlfcn.h>
+#include <unistd.h>
+#include <unwind.h>
 
 namespace qpi {
 

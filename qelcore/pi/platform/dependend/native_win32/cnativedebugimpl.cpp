@@ -1,8 +1,7 @@
 #include "qelcore/pi/platform/cnativedebugimpl.h"
 
-#include <windows.h>
-
 #include <cstdio>
+#include <windows.h>
 
 namespace qpi {
 
