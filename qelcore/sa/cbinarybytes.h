@@ -38,6 +38,20 @@ inline void store64(char* p, unsigned long long v) { *reinterpret_cast<tUnaligne
 #else
 inline void store64(char* p, unsigned long long v) { std::memcpy(p, &v, 8); }
 #endif
+// Copies n bytes; short runs (8 to 16 bytes, names and keys mostly) as two
+// overlapping 64-bit moves, which keep the writer's state in registers as
+// the element stores do.
+inline void copyBytes(char* dst, const char* src, unsigned int n) {
+  if (n >= 8 && n <= 16) {
+    unsigned long long head, tail;
+    std::memcpy(&head, src, 8);
+    std::memcpy(&tail, src + n - 8, 8);
+    store64(dst, head);
+    store64(dst + n - 8, tail);
+  } else if (n) {
+    std::memcpy(dst, src, n);
+  }
+}
 // A type id with a 32-bit payload behind it, as one 8-byte move.
 inline void putTagged32(char* p, unsigned int id, unsigned int v) {
   store64(p, id | (static_cast<unsigned long long>(v) << 32));

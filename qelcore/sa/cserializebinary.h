@@ -47,7 +47,7 @@ public:
     // One reservation for the whole element: nothing can fail after it.
     char* p = reserveFast(8 + n);
     binarybytes::putTagged32(p, idAsciiString, n);
-    if (n) std::memcpy(p + 8, value.c_str(), n);
+    binarybytes::copyBytes(p + 8, value.c_str(), n);
     miPos += 8 + n;
   }
   // The fixed-width values are written inline; the format is fixed, so a
