@@ -34,6 +34,7 @@
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayasciistringtraits.h"
 #include "qelcore/std/tarraybyteleveltraits.h"
+#include "qelcore/std/tarrayreadops.h"
 #include "qelcore/std/tarrayref.h"
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tautoptrref.h"

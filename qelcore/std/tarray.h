@@ -19,6 +19,7 @@
 #include "qelcore/std/tarrayasciistringtraits.h"
 #include "qelcore/std/tarraybyteleveltraits.h"
 #include "qelcore/std/tarrayops.h"
+#include "qelcore/std/tarrayreadops.h"
 
 #if defined(__GNUC__)
 #define QELCORE_STD_TARRAY_LIKELY(x) __builtin_expect(!!(x), 1)
@@ -29,12 +30,21 @@
 namespace qstd {
 
 template <typename T, typename Traits = tArrayByteLevelTraits<T>>
-class tArray : public tAbstractArrayProxy<T> {
+class tArray : public tAbstractArrayProxy<T>, public tArrayReadOps<tArray<T, Traits>, T> {
   static_assert(std::is_trivially_copyable<T>::value, "tArray moves its elements as plain memory");
+  typedef tArrayReadOps<tArray<T, Traits>, T> tReadOps;
+  friend tReadOps;
 
 public:
   typedef T ElementType;
   typedef Traits TraitsType;
+
+  // find, contains, beginsWith, endsWith, isEqual: see tArrayReadOps.
+  using tReadOps::beginsWith;
+  using tReadOps::contains;
+  using tReadOps::endsWith;
+  using tReadOps::find;
+  using tReadOps::isEqual;
 
   static constexpr unsigned int DefaultGrowStep = 5;
 
@@ -317,64 +327,6 @@ public:
     return part;
   }
 
-  // Searches [start, start + count); a count of 0 or one reaching past the end
-  // means "to the end". Returns the index in the whole array, or the size
-  // when nothing is found.
-  unsigned int find(const T& value, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    const T copy = value;
-    return find(&copy, 1, found, start, count);
-  }
-  unsigned int find(const T* what, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    QEL_ASSERT(what != 0, "std/tarray");
-    return find(what, arrayops::terminatedLength(what), found, start, count);
-  }
-  unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tarray");
-    }
-    arrayops::checkRange("tArray", "find", start, 0, miSize);
-    const unsigned int end = arrayops::searchEnd(start, count, miSize);
-    const unsigned int at = arrayops::search(mpPool, start, end, what, n);
-    found = at < end || (n == 0 && at == start);
-    return found ? at : miSize;
-  }
-
-  bool contains(const T& value) const {
-    bool found = false;
-    find(value, found);
-    return found;
-  }
-  bool contains(const T* what) const {
-    bool found = false;
-    find(what, found);
-    return found;
-  }
-  bool contains(const T* what, unsigned int n) const {
-    bool found = false;
-    find(what, n, found);
-    return found;
-  }
-  bool beginsWith(const T* what) const {
-    QEL_ASSERT(what != 0, "std/tarray");
-    return beginsWith(what, arrayops::terminatedLength(what));
-  }
-  bool beginsWith(const T* what, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tarray");
-    }
-    return n <= miSize && arrayops::sameElements(mpPool, what, n);
-  }
-  bool endsWith(const T* what) const {
-    QEL_ASSERT(what != 0, "std/tarray");
-    return endsWith(what, arrayops::terminatedLength(what));
-  }
-  bool endsWith(const T* what, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tarray");
-    }
-    return n <= miSize && arrayops::sameElements(mpPool + (miSize - n), what, n);
-  }
-
   // Replaces every occurrence from `start` on; returns how many.
   unsigned int replace(const T& a, const T& b, unsigned int start = 0) {
     arrayops::checkRange("tArray", "replace", start, 0, miSize);
@@ -431,19 +383,6 @@ public:
   // non-null pointer, even of length 0.
   int relation(const tArray& other) const { return relation(other.mpPool, other.miSize); }
   int relation(const T* p, unsigned int n) const { return arrayops::relation(mpPool != nullptr, mpPool, miSize, p, n); }
-  bool isEqual(const T* p, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(p != 0, "std/tarray");
-    }
-    return n == miSize && arrayops::sameElements(mpPool, p, n);
-  }
-  // Whether the elements from `start` on begin with p[0, n).
-  bool isEqual(const T* p, unsigned int n, unsigned int start) const {
-    if (n > 0) {
-      QEL_ASSERT(p != 0, "std/tarray");
-    }
-    return start <= miSize && n <= miSize - start && arrayops::sameElements(mpPool + start, p, n);
-  }
 
   bool operator==(const tArray& other) const { return relation(other) == 0; }
   bool operator!=(const tArray& other) const { return relation(other) != 0; }
@@ -536,6 +475,10 @@ protected:
   }
 
 private:
+  const T* readElements() const { return mpPool; }
+  unsigned int readLength() const { return miSize; }
+  static const char* readClassName() { return "tArray"; }
+  static const char* readSource() { return "std/tarray"; }
   int relationTo(const T* p) const { return relation(p, p == nullptr ? 0 : arrayops::terminatedLength(p)); }
 
   bool insidePool(const T* p) const {

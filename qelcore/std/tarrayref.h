@@ -8,15 +8,27 @@
 #include "qelcore/std/tabstractarrayproxy.h"
 #include "qelcore/std/tarraybyteleveltraits.h"
 #include "qelcore/std/tarrayops.h"
+#include "qelcore/std/tarrayreadops.h"
 #include "qelcore/std/tconstarrayref.h"
 
 namespace qstd {
 
 template <typename T, typename Traits = tArrayByteLevelTraits<T>>
-class tArrayRef : public tAbstractArrayProxy<T> {
+class tArrayRef : public tAbstractArrayProxy<T>, public tArrayReadOps<tArrayRef<T, Traits>, T> {
+  typedef tArrayReadOps<tArrayRef<T, Traits>, T> tReadOps;
+  friend tReadOps;
+
 public:
   typedef T ElementType;
   typedef Traits TraitsType;
+
+  // find, contains, beginsWith, endsWith, isEqual (relative to the view): see
+  // tArrayReadOps.
+  using tReadOps::beginsWith;
+  using tReadOps::contains;
+  using tReadOps::endsWith;
+  using tReadOps::find;
+  using tReadOps::isEqual;
 
   tArrayRef() : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {}
   tArrayRef(tAbstractArrayProxy<T>& target) : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
@@ -96,71 +108,6 @@ public:
     return elements();
   }
 
-  unsigned int find(const T& value, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    const T copy = value;
-    return find(&copy, 1, found, start, count);
-  }
-  unsigned int find(const T* what, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    QEL_ASSERT(what != 0, "std/tarrayref");
-    return find(what, arrayops::terminatedLength(what), found, start, count);
-  }
-  unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tarrayref");
-    }
-    arrayops::checkRange("tArrayRef", "find", start, 0, miLength);
-    const unsigned int end = arrayops::searchEnd(start, count, miLength);
-    const unsigned int at = arrayops::search(elements(), start, end, what, n);
-    found = at < end || (n == 0 && at == start);
-    return found ? at : miLength;
-  }
-  bool contains(const T& value) const {
-    bool found = false;
-    find(value, found);
-    return found;
-  }
-  bool contains(const T* what) const {
-    bool found = false;
-    find(what, found);
-    return found;
-  }
-  bool contains(const T* what, unsigned int n) const {
-    bool found = false;
-    find(what, n, found);
-    return found;
-  }
-  bool beginsWith(const T* what) const {
-    QEL_ASSERT(what != 0, "std/tarrayref");
-    return beginsWith(what, arrayops::terminatedLength(what));
-  }
-  bool beginsWith(const T* what, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tarrayref");
-    }
-    return n <= miLength && arrayops::sameElements(elements(), what, n);
-  }
-  bool endsWith(const T* what) const {
-    QEL_ASSERT(what != 0, "std/tarrayref");
-    return endsWith(what, arrayops::terminatedLength(what));
-  }
-  bool endsWith(const T* what, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tarrayref");
-    }
-    return n <= miLength && arrayops::sameElements(elements() + (miLength - n), what, n);
-  }
-  bool isEqual(const T* p, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(p != 0, "std/tarrayref");
-    }
-    return n == miLength && arrayops::sameElements(elements(), p, n);
-  }
-  bool isEqual(const T* p, unsigned int n, unsigned int start) const {
-    if (n > 0) {
-      QEL_ASSERT(p != 0, "std/tarrayref");
-    }
-    return start <= miLength && n <= miLength - start && arrayops::sameElements(elements() + start, p, n);
-  }
   int relation(const T* p, unsigned int n) const {
     return arrayops::relation(mpData != nullptr, elements(), miLength, p, n);
   }
@@ -297,6 +244,10 @@ public:
   }
 
 private:
+  const T* readElements() const { return elements(); }
+  unsigned int readLength() const { return miLength; }
+  static const char* readClassName() { return "tArrayRef"; }
+  static const char* readSource() { return "std/tarrayref"; }
   const T* elements() const {
     return (mpData == nullptr || miLength == 0)
                ? nullptr

@@ -7,14 +7,26 @@
 #include "qelcore/std/tabstractconstarrayproxy.h"
 #include "qelcore/std/tarraybyteleveltraits.h"
 #include "qelcore/std/tarrayops.h"
+#include "qelcore/std/tarrayreadops.h"
 
 namespace qstd {
 
 template <typename T, typename Traits = tArrayByteLevelTraits<T>>
-class tConstArrayRef : public tAbstractConstArrayProxy<T> {
+class tConstArrayRef : public tAbstractConstArrayProxy<T>, public tArrayReadOps<tConstArrayRef<T, Traits>, T> {
+  typedef tArrayReadOps<tConstArrayRef<T, Traits>, T> tReadOps;
+  friend tReadOps;
+
 public:
   typedef T ElementType;
   typedef Traits TraitsType;
+
+  // find, contains, beginsWith, endsWith, isEqual (relative to the view): see
+  // tArrayReadOps.
+  using tReadOps::beginsWith;
+  using tReadOps::contains;
+  using tReadOps::endsWith;
+  using tReadOps::find;
+  using tReadOps::isEqual;
 
   tConstArrayRef() : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {}
   // The whole target.
@@ -83,73 +95,6 @@ public:
     return miLength == 0 ? nullptr : mpData->proxyProvideData(miOffset, miLength);
   }
 
-  // As tArray::find; the index is relative to the view, the view's length
-  // when nothing is found.
-  unsigned int find(const T& value, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    const T copy = value;
-    return find(&copy, 1, found, start, count);
-  }
-  unsigned int find(const T* what, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    QEL_ASSERT(what != 0, "std/tconstarrayref");
-    return find(what, arrayops::terminatedLength(what), found, start, count);
-  }
-  unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tconstarrayref");
-    }
-    arrayops::checkRange("tConstArrayRef", "find", start, 0, miLength);
-    const unsigned int end = arrayops::searchEnd(start, count, miLength);
-    const unsigned int at = arrayops::search(elements(), start, end, what, n);
-    found = at < end || (n == 0 && at == start);
-    return found ? at : miLength;
-  }
-  bool contains(const T& value) const {
-    bool found = false;
-    find(value, found);
-    return found;
-  }
-  bool contains(const T* what) const {
-    bool found = false;
-    find(what, found);
-    return found;
-  }
-  bool contains(const T* what, unsigned int n) const {
-    bool found = false;
-    find(what, n, found);
-    return found;
-  }
-  bool beginsWith(const T* what) const {
-    QEL_ASSERT(what != 0, "std/tconstarrayref");
-    return beginsWith(what, arrayops::terminatedLength(what));
-  }
-  bool beginsWith(const T* what, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tconstarrayref");
-    }
-    return n <= miLength && arrayops::sameElements(elements(), what, n);
-  }
-  bool endsWith(const T* what) const {
-    QEL_ASSERT(what != 0, "std/tconstarrayref");
-    return endsWith(what, arrayops::terminatedLength(what));
-  }
-  bool endsWith(const T* what, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(what != 0, "std/tconstarrayref");
-    }
-    return n <= miLength && arrayops::sameElements(elements() + (miLength - n), what, n);
-  }
-  bool isEqual(const T* p, unsigned int n) const {
-    if (n > 0) {
-      QEL_ASSERT(p != 0, "std/tconstarrayref");
-    }
-    return n == miLength && arrayops::sameElements(elements(), p, n);
-  }
-  bool isEqual(const T* p, unsigned int n, unsigned int start) const {
-    if (n > 0) {
-      QEL_ASSERT(p != 0, "std/tconstarrayref");
-    }
-    return start <= miLength && n <= miLength - start && arrayops::sameElements(elements() + start, p, n);
-  }
   // As tArray::relation; a view without target counts as never allocated.
   int relation(const T* p, unsigned int n) const {
     return arrayops::relation(mpData != nullptr, elements(), miLength, p, n);
@@ -191,6 +136,10 @@ public:
   }
 
 private:
+  const T* readElements() const { return elements(); }
+  unsigned int readLength() const { return miLength; }
+  static const char* readClassName() { return "tConstArrayRef"; }
+  static const char* readSource() { return "std/tconstarrayref"; }
   // Start of the view's elements, null when there are none.
   const T* elements() const {
     return (mpData == nullptr || miLength == 0) ? nullptr : mpData->proxyProvideData(miOffset, miLength);
