@@ -163,27 +163,25 @@ bool haveBlockDecoder() {
 // begin in its first twelve bytes, which always end inside it.
 //
 // The caller excludes zero bytes: the input ends before the first one.
-__attribute__((target("avx2"))) const unsigned char* decodeBlocks(const unsigned char* p,
-                                                                   const unsigned char* end, std::uint32_t*& d) {
+__attribute__((target("avx2"))) const unsigned char* decodeBlocks(const unsigned char* p, const unsigned char* end,
+                                                                  std::uint32_t*& d) {
   // By the high nibble of each byte: the mask that leaves the bits of the
   // character, and by how far the four-byte sum of a lead byte is shifted down.
   // No byte keeps more than six bits, so that the bytes behind a sequence never
   // carry into it; bit 6 of an ASCII character is added at the end.
-  const __m128i valueMask = _mm_setr_epi8(0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F,
-                                          0x1F, 0x1F, 0x0F, 0x07);
+  const __m128i valueMask =
+      _mm_setr_epi8(0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x1F, 0x1F, 0x0F, 0x07);
   const __m128i asciiTopMask = _mm_setr_epi8(0x40, 0x40, 0x40, 0x40, 0x40, 0x40, 0x40, 0x40, 0, 0, 0, 0, 0, 0, 0, 0);
   const __m128i shiftDown = _mm_setr_epi8(18, 18, 18, 18, 18, 18, 18, 18, 0, 0, 0, 0, 12, 12, 6, 0);
   const __m128i lowNibble = _mm_set1_epi8(0x0F);
   // Lane j of group k gathers the bytes 4k+j+1, 4k+j, 4k+j+3, 4k+j+2: two
   // multiply-adds then give b0 << 18 | b1 << 12 | b2 << 6 | b3.
-  const __m128i gather[3] = {
-      _mm_setr_epi8(1, 0, 3, 2, 2, 1, 4, 3, 3, 2, 5, 4, 4, 3, 6, 5),
-      _mm_setr_epi8(5, 4, 7, 6, 6, 5, 8, 7, 7, 6, 9, 8, 8, 7, 10, 9),
-      _mm_setr_epi8(9, 8, 11, 10, 10, 9, 12, 11, 11, 10, 13, 12, 12, 11, 14, 13)};
-  const __m128i shiftOf[3] = {
-      _mm_setr_epi8(0, -1, -1, -1, 1, -1, -1, -1, 2, -1, -1, -1, 3, -1, -1, -1),
-      _mm_setr_epi8(4, -1, -1, -1, 5, -1, -1, -1, 6, -1, -1, -1, 7, -1, -1, -1),
-      _mm_setr_epi8(8, -1, -1, -1, 9, -1, -1, -1, 10, -1, -1, -1, 11, -1, -1, -1)};
+  const __m128i gather[3] = {_mm_setr_epi8(1, 0, 3, 2, 2, 1, 4, 3, 3, 2, 5, 4, 4, 3, 6, 5),
+                             _mm_setr_epi8(5, 4, 7, 6, 6, 5, 8, 7, 7, 6, 9, 8, 8, 7, 10, 9),
+                             _mm_setr_epi8(9, 8, 11, 10, 10, 9, 12, 11, 11, 10, 13, 12, 12, 11, 14, 13)};
+  const __m128i shiftOf[3] = {_mm_setr_epi8(0, -1, -1, -1, 1, -1, -1, -1, 2, -1, -1, -1, 3, -1, -1, -1),
+                              _mm_setr_epi8(4, -1, -1, -1, 5, -1, -1, -1, 6, -1, -1, -1, 7, -1, -1, -1),
+                              _mm_setr_epi8(8, -1, -1, -1, 9, -1, -1, -1, 10, -1, -1, -1, 11, -1, -1, -1)};
   const __m128i pairWeights = _mm_set1_epi32(0x40014001);  // bytes 1, 64, 1, 64
   const __m128i quadWeights = _mm_set1_epi32(0x00011000);  // words 4096, 1
   std::uint32_t* out = d;
@@ -259,79 +257,89 @@ unsigned int decodeBytes(const unsigned char* src, unsigned int n, std::uint32_t
   const unsigned char* p = src;
   const unsigned char* const end = zero != nullptr ? static_cast<const unsigned char*>(zero) : src + n;
   std::uint32_t* d = dst;
+  // The byte-wise loop runs up to `blocksFrom`, then the block decoder takes
+  // over. After a block it refused, the loop goes on alone until it has passed
+  // that block, and further each time the block decoder refuses at once, so
+  // that input it cannot take (such as text full of stray continuation bytes)
+  // costs little.
+  const unsigned char* blocksFrom = end;
 #ifdef QEL_UTF8_BLOCKS
   const bool blocks = haveBlockDecoder();
-  // After a block the block decoder refused, the loop below goes on alone
-  // until it has passed that block.
-  const unsigned char* blocksFrom = p;
+  unsigned int refused = 0;
 #endif
   while (p != end) {
 #ifdef QEL_UTF8_BLOCKS
-    if (blocks && p >= blocksFrom && end - p >= 16) {
+    if (blocks && end - p >= 16) {
+      const unsigned char* const from = p;
       p = decodeBlocks(p, end, d);
-      blocksFrom = p + 16;
       if (p == end) break;
+      refused = p != from ? 0 : refused < 6 ? refused + 1 : 6;
+      blocksFrom = end - p > (16 << refused) ? p + (16 << refused) : end;
+    } else {
+      blocksFrom = end;
     }
 #endif
-    const unsigned char lead = *p;
-    if (lead < 0x80) {
-      // ASCII: whole blocks of sixteen or eight bytes where possible, else
-      // byte by byte up to the next byte that is not ASCII.
-      if (end - p >= 16 && plainAscii(load64(p) | load64(p + 8))) {
-        do {
-          for (unsigned int j = 0; j < 16; ++j) d[j] = p[j];
-          p += 16;
-          d += 16;
-        } while (end - p >= 16 && plainAscii(load64(p) | load64(p + 8)));
-      } else if (end - p >= 8 && plainAscii(load64(p))) {
-        for (unsigned int j = 0; j < 8; ++j) d[j] = p[j];
-        p += 8;
-        d += 8;
-      } else {
-        do {
-          *d++ = *p++;
-        } while (p != end && *p < 0x80);
+    while (p < blocksFrom) {
+      const unsigned char lead = *p;
+      if (lead < 0x80) {
+        // ASCII: whole blocks of sixteen or eight bytes where possible, else
+        // byte by byte up to the next byte that is not ASCII.
+        if (end - p >= 16 && plainAscii(load64(p) | load64(p + 8))) {
+          do {
+            for (unsigned int j = 0; j < 16; ++j) d[j] = p[j];
+            p += 16;
+            d += 16;
+          } while (p < blocksFrom && end - p >= 16 && plainAscii(load64(p) | load64(p + 8)));
+        } else if (end - p >= 8 && plainAscii(load64(p))) {
+          for (unsigned int j = 0; j < 8; ++j) d[j] = p[j];
+          p += 8;
+          d += 8;
+        } else {
+          do {
+            *d++ = *p++;
+          } while (p != end && *p < 0x80);
+        }
+        continue;
       }
-      continue;
+      // The sequences that lie complete inside the input. Branching on the
+      // length (rather than computing it) lets the processor run ahead to the
+      // next character while this one is still being assembled, and text tends
+      // to run in one script, so each form loops over its own run.
+      const std::ptrdiff_t left = end - p;
+      if (lead < 0xE0) {
+        if (lead >= 0xC0 && left >= 2) {
+          do {
+            *d++ = (std::uint32_t(p[0]) << 6) + p[1] - SequenceOffset[1];
+            p += 2;
+          } while (end - p >= 2 && (p[0] & 0xE0) == 0xC0);
+          continue;
+        }
+      } else if (lead < 0xF0) {
+        if (left >= 3) {
+          do {
+            *d++ = (std::uint32_t(p[0]) << 12) + (std::uint32_t(p[1]) << 6) + p[2] - SequenceOffset[2];
+            p += 3;
+          } while (end - p >= 3 && (p[0] & 0xF0) == 0xE0);
+          continue;
+        }
+      } else if (lead < 0xF8) {
+        if (left >= 4) {
+          do {
+            *d++ = (std::uint32_t(p[0]) << 18) + (std::uint32_t(p[1]) << 12) + (std::uint32_t(p[2]) << 6) + p[3] -
+                   SequenceOffset[3];
+            p += 4;
+          } while (end - p >= 4 && (p[0] & 0xF8) == 0xF0);
+          continue;
+        }
+      }
+      // A stray continuation byte, an unsupported first byte, or a sequence
+      // cut off by the end of the input (read as the window's zero padding).
+      const unsigned int count = LeadTable.count[lead];
+      if (count >= 4) unsupportedLength(done, d - dst, count);
+      if (count >= static_cast<std::size_t>(left)) endOfData(done, d - dst, static_cast<unsigned int>(left));
+      *d++ = lead;  // count is 0 here: a complete sequence was taken above
+      ++p;
     }
-    // The sequences that lie complete inside the input. Branching on the
-    // length (rather than computing it) lets the processor run ahead to the
-    // next character while this one is still being assembled, and text tends
-    // to run in one script, so each form loops over its own run.
-    const std::ptrdiff_t left = end - p;
-    if (lead < 0xE0) {
-      if (lead >= 0xC0 && left >= 2) {
-        do {
-          *d++ = (std::uint32_t(p[0]) << 6) + p[1] - SequenceOffset[1];
-          p += 2;
-        } while (end - p >= 2 && (p[0] & 0xE0) == 0xC0);
-        continue;
-      }
-    } else if (lead < 0xF0) {
-      if (left >= 3) {
-        do {
-          *d++ = (std::uint32_t(p[0]) << 12) + (std::uint32_t(p[1]) << 6) + p[2] - SequenceOffset[2];
-          p += 3;
-        } while (end - p >= 3 && (p[0] & 0xF0) == 0xE0);
-        continue;
-      }
-    } else if (lead < 0xF8) {
-      if (left >= 4) {
-        do {
-          *d++ = (std::uint32_t(p[0]) << 18) + (std::uint32_t(p[1]) << 12) + (std::uint32_t(p[2]) << 6) + p[3] -
-                 SequenceOffset[3];
-          p += 4;
-        } while (end - p >= 4 && (p[0] & 0xF8) == 0xF0);
-        continue;
-      }
-    }
-    // A stray continuation byte, an unsupported first byte, or a sequence
-    // cut off by the end of the input (read as the window's zero padding).
-    const unsigned int count = LeadTable.count[lead];
-    if (count >= 4) unsupportedLength(done, d - dst, count);
-    if (count >= static_cast<std::size_t>(left)) endOfData(done, d - dst, static_cast<unsigned int>(left));
-    *d++ = lead;  // count is 0 here: a complete sequence was taken above
-    ++p;
   }
   if (p != src + n) endOfData(done, d - dst, 0);
   done = static_cast<unsigned int>(d - dst);
