@@ -3,7 +3,7 @@
 # Usage: scripts/deps.sh [linux|windows|all]   (default: all)
 set -euo pipefail
 want=${1:-all}
-pkgs=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev valgrind)
+pkgs=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev libutfcpp-dev clang libclang-rt-14-dev valgrind)
 if [ "$want" != linux ]; then pkgs+=(mingw-w64 wine64 wine); fi
 
 missing=()

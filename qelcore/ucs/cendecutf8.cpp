@@ -162,7 +162,10 @@ bool haveBlockDecoder() {
 // and is left to that loop, with its errors. A block yields the sequences that
 // begin in its first twelve bytes, which always end inside it.
 //
-// The caller excludes zero bytes: the input ends before the first one.
+// The caller excludes zero bytes: the input ends before the first one. Each
+// group stores four characters, of which only those of lead bytes are kept;
+// the stores stay inside the room for one character a byte, since sixteen
+// bytes are left and no character is shorter than a byte.
 __attribute__((target("avx2"))) const unsigned char* decodeBlocks(const unsigned char* p, const unsigned char* end,
                                                                   std::uint32_t*& d) {
   // By the high nibble of each byte: the mask that leaves the bits of the
