@@ -9,6 +9,13 @@
 
 #include "benchutil.h"
 
+#ifdef QELBENCH_HAVE_BOOST_SIGNALS2
+#include <boost/signals2/signal.hpp>
+#endif
+#ifdef QELBENCH_HAVE_SIGC
+#include <sigc++/sigc++.h>
+#endif
+
 namespace {
 
 using qsa::piVoid;
@@ -121,5 +128,88 @@ void BM_IndirectArchiveCall(benchmark::State& state) {
   benchmark::DoNotOptimize(out.ownData().size());
 }
 BENCHMARK(BM_IndirectArchiveCall);
+
+// ---------------------------------------------------------------- peers
+// The same workloads on other signal libraries, when installed. Their slots
+// are member functions of a receiver, called through the library's own
+// binding, like ours.
+
+#ifdef QELBENCH_HAVE_BOOST_SIGNALS2
+class cBoostReceiver {
+public:
+  __attribute__((noinline)) void tick() { ++miSum; }
+  __attribute__((noinline)) void addTo(int v) { miSum += v; }
+  int miSum = 0;
+};
+
+void BM_Peer_Signals2_Emit0_OneSlot(benchmark::State& state) {
+  cBoostReceiver receiver;
+  boost::signals2::signal<void()> sig;
+  sig.connect([&receiver] { receiver.tick(); });
+  for (auto _ : state) sig();
+  benchmark::DoNotOptimize(receiver.miSum);
+}
+BENCHMARK(BM_Peer_Signals2_Emit0_OneSlot);
+
+void BM_Peer_Signals2_Emit1_FourSlots(benchmark::State& state) {
+  cBoostReceiver receivers[4];
+  boost::signals2::signal<void(int)> sig;
+  for (cBoostReceiver& r : receivers) sig.connect([&r](int v) { r.addTo(v); });
+  for (auto _ : state) sig(1);
+  benchmark::DoNotOptimize(receivers[0].miSum);
+}
+BENCHMARK(BM_Peer_Signals2_Emit1_FourSlots);
+
+void BM_Peer_Signals2_ConnectDisconnect(benchmark::State& state) {
+  qelbench::warmMemory(1 << 20);
+  cBoostReceiver receiver, other;
+  boost::signals2::signal<void(int)> sig;
+  sig.connect([&other](int v) { other.addTo(v); });
+  for (auto _ : state) {
+    boost::signals2::connection c = sig.connect([&receiver](int v) { receiver.addTo(v); });
+    c.disconnect();
+  }
+}
+BENCHMARK(BM_Peer_Signals2_ConnectDisconnect);
+#endif
+
+#ifdef QELBENCH_HAVE_SIGC
+class cSigcReceiver : public sigc::trackable {
+public:
+  __attribute__((noinline)) void tick() { ++miSum; }
+  __attribute__((noinline)) void addTo(int v) { miSum += v; }
+  int miSum = 0;
+};
+
+void BM_Peer_Sigc_Emit0_OneSlot(benchmark::State& state) {
+  cSigcReceiver receiver;
+  sigc::signal<void()> sig;
+  sig.connect(sigc::mem_fun(receiver, &cSigcReceiver::tick));
+  for (auto _ : state) sig();
+  benchmark::DoNotOptimize(receiver.miSum);
+}
+BENCHMARK(BM_Peer_Sigc_Emit0_OneSlot);
+
+void BM_Peer_Sigc_Emit1_FourSlots(benchmark::State& state) {
+  cSigcReceiver receivers[4];
+  sigc::signal<void(int)> sig;
+  for (cSigcReceiver& r : receivers) sig.connect(sigc::mem_fun(r, &cSigcReceiver::addTo));
+  for (auto _ : state) sig(1);
+  benchmark::DoNotOptimize(receivers[0].miSum);
+}
+BENCHMARK(BM_Peer_Sigc_Emit1_FourSlots);
+
+void BM_Peer_Sigc_ConnectDisconnect(benchmark::State& state) {
+  qelbench::warmMemory(1 << 20);
+  cSigcReceiver receiver, other;
+  sigc::signal<void(int)> sig;
+  sig.connect(sigc::mem_fun(other, &cSigcReceiver::addTo));
+  for (auto _ : state) {
+    sigc::connection c = sig.connect(sigc::mem_fun(receiver, &cSigcReceiver::addTo));
+    c.disconnect();
+  }
+}
+BENCHMARK(BM_Peer_Sigc_ConnectDisconnect);
+#endif
 
 }  // namespace

@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build and the tests need, when missing.
-# Usage: scripts/deps.sh [linux|windows|all]   (default: all)
+# Usage: scripts/deps.sh [linux|windows|all|bench]   (default: all)
+# bench: the Linux packages plus the optional peer libraries that the
+# benchmarks measure alongside the library (never needed to build or test).
 set -euo pipefail
 want=${1:-all}
-pkgs=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev libutfcpp-dev clang libclang-rt-14-dev valgrind)
-if [ "$want" != linux ]; then pkgs+=(mingw-w64 wine64 wine); fi
+pkgs=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev valgrind)
+case "$want" in
+  linux) ;;
+  bench) pkgs+=(libboost-dev libboost-serialization-dev libcereal-dev libsigc++-3.0-dev libutfcpp-dev) ;;
+  *) pkgs+=(mingw-w64 wine64 wine) ;;
+esac
 
 missing=()
 for p in "${pkgs[@]}"; do

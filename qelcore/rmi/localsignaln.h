@@ -18,6 +18,7 @@
 #define QELCORE_RMI_LOCALSIGNALN_H
 
 #include <algorithm>
+#include <cstdint>
 #include <type_traits>
 #include <vector>
 
@@ -44,7 +45,11 @@ public:
   ~localSignalN() override {
     checkNIC(emissionDepth());
     // Emissions further up the stack must not touch this object any more.
-    for (cEmission* e = mpEmission; e; e = e->mpOuter) e->mbDestroyed = true;
+    for (cEmissionLink* e = mpEmission; e;) {
+      cEmissionLink* outer = e->outer();
+      e->mWord |= cEmissionLink::Destroyed;
+      e = outer;
+    }
     tSlotCalls calls;
     calls.swap(mvSlots);
     for (tSlotCall* call : calls) delete call;
@@ -81,7 +86,8 @@ public:
   // Emits the signal. With exactly one slot its result is returned; with
   // none or several a default R (none with eMustBeConnected throws).
   R operator()(A... args) {
-    cEmission emission(*this);
+    cEmissionLink link;
+    cEmission emission(*this, link);
     std::size_t count = mvSlots.size();
     if (count == 0) {
       if (invocationBehavior() == eMustBeConnected) cRMIExceptions::throwUnconnectedSignal();
@@ -110,7 +116,7 @@ public:
       }
       call->mbCalled = true;
       call->invoke(scratch, args...);
-      if (emission.mbDestroyed) return R();
+      if (link.destroyed()) return R();
     }
     return R();
   }
@@ -135,7 +141,7 @@ public:
   // Emissions of this signal running now (nested ones count each).
   unsigned int emissionDepth() const {
     unsigned int depth = 0;
-    for (const cEmission* e = mpEmission; e; e = e->mpOuter) ++depth;
+    for (const cEmissionLink* e = mpEmission; e; e = e->outer()) ++depth;
     return depth;
   }
 
@@ -149,21 +155,32 @@ protected:
   }
 
 private:
-  // One running emission, on the emitter's stack; the chain of them is the
-  // emission depth. Leaving it restores the outer one on every way out,
-  // unless the signal was destroyed meanwhile.
+  // One running emission, on the emitter's stack: the address of the outer
+  // one and, in the low bit, whether the signal was destroyed meanwhile. The
+  // chain of them is the emission depth. A single word keeps the cost of an
+  // emission close to that of the call it makes.
+  struct cEmissionLink {
+    enum : std::uintptr_t { Destroyed = 1 };
+    cEmissionLink* outer() const { return reinterpret_cast<cEmissionLink*>(mWord & ~std::uintptr_t(Destroyed)); }
+    bool destroyed() const { return (mWord & Destroyed) != 0; }
+    std::uintptr_t mWord;
+  };
+  // Enters an emission and leaves it on every way out, unless the signal was
+  // destroyed meanwhile. Only the link is visible to the signal, so the
+  // compiler keeps the rest in registers.
   struct cEmission {
-    explicit cEmission(localSignalN& signal) : mpSignal(&signal), mpOuter(signal.mpEmission), mbDestroyed(false) {
-      signal.mpEmission = this;
+    cEmission(localSignalN& signal, cEmissionLink& link) : mSignal(signal), mLink(link) {
+      link.mWord = reinterpret_cast<std::uintptr_t>(signal.mpEmission);
+      signal.mpEmission = &link;
     }
     ~cEmission() {
-      if (!mbDestroyed) mpSignal->mpEmission = mpOuter;
+      const std::uintptr_t word = mLink.mWord;
+      if ((word & cEmissionLink::Destroyed) == 0) mSignal.mpEmission = reinterpret_cast<cEmissionLink*>(word);
     }
     cEmission(const cEmission&) = delete;
     cEmission& operator=(const cEmission&) = delete;
-    localSignalN* mpSignal;
-    cEmission* mpOuter;
-    bool mbDestroyed;
+    localSignalN& mSignal;
+    cEmissionLink& mLink;
   };
   bool removeSlotsOf(const cConnectable& object) {
     bool removed = false;
@@ -180,7 +197,7 @@ private:
 
   tSlotCalls mvSlots;
   // The innermost running emission, or null.
-  cEmission* mpEmission;
+  cEmissionLink* mpEmission;
 };
 
 template <class R>

@@ -282,6 +282,22 @@ TEST(LocalSignalLifetime, DestroyingTheSignalFromItsOwnSlotWarnsAndStopsTheEmiss
   sig->connect(b, &cReceiver::sltNote);
   EXPECT_NO_THROW((*sig)(2));
   EXPECT_TRUE(out.contains(">>>>>>>>> delete this situation in signal!"));
+  // Destroyed inside a nested emission: the outer one stops as well.
+  out.clear();
+  log.clear();
+  sig = new localSignal1<piVoid, int>;
+  sig->connect(a, &cReceiver::sltNote);
+  sig->connect(b, &cReceiver::sltNote);
+  bool nested = false;
+  a.mAction = [&] {
+    if (!nested) {
+      nested = true;
+      (*sig)(2);
+    }
+  };
+  EXPECT_NO_THROW((*sig)(1));
+  EXPECT_EQ(log, (tLog{"a:1", "a:2", "b:2"}));
+  EXPECT_TRUE(out.contains(">>>>>>>>> delete this situation in signal!"));
   out.clear();
   { localSignal1<piVoid, int> quiet; }
   EXPECT_TRUE(out.entries().empty());
