@@ -16,6 +16,20 @@
 
 #include "benchutil.h"
 
+#if defined(QELBENCH_HAVE_BOOST_SERIALIZATION) || defined(QELBENCH_HAVE_CEREAL)
+#include <streambuf>
+#include <string>
+#endif
+#ifdef QELBENCH_HAVE_BOOST_SERIALIZATION
+#include <boost/archive/binary_iarchive.hpp>
+#include <boost/archive/binary_oarchive.hpp>
+#include <boost/serialization/string.hpp>
+#endif
+#ifdef QELBENCH_HAVE_CEREAL
+#include <cereal/archives/binary.hpp>
+#include <cereal/types/string.hpp>
+#endif
+
 namespace {
 
 const unsigned int kValues = 1000000;
@@ -71,13 +85,23 @@ std::vector<sRecord> makeRecords() {
 }
 
 // --- 1,000,000 unsigned ints ---------------------------------------------
+// The values come from an array, as data being stored does. Each side is
+// measured value by value and, for the archive, through its bulk operations.
+
+const std::vector<unsigned int>& values() {
+  static std::vector<unsigned int> v;
+  if (v.empty())
+    for (unsigned int i = 0; i < kValues; ++i) v.push_back(i * 2654435761u);
+  return v;
+}
 
 void BM_StoreUInt_Baseline(benchmark::State& state) {
   warm();
+  const std::vector<unsigned int>& in = values();
   std::vector<char> buffer(kValues * 8);
   for (auto _ : state) {
     char* p = buffer.data();
-    for (unsigned int i = 0; i < kValues; ++i) p = putTagged(p, 4, &i, 4);
+    for (unsigned int i = 0; i < kValues; ++i) p = putTagged(p, 4, &in[i], 4);
     benchmark::DoNotOptimize(buffer.data());
     benchmark::ClobberMemory();
   }
@@ -86,30 +110,42 @@ BENCHMARK(BM_StoreUInt_Baseline)->Unit(benchmark::kMillisecond);
 
 void BM_StoreUInt_Archive(benchmark::State& state) {
   warm();
+  const std::vector<unsigned int>& in = values();
   qsa::cSerializeBinary s;
   for (auto _ : state) {
     s.rewind();
-    for (unsigned int i = 0; i < kValues; ++i) i >> s;
+    for (unsigned int i = 0; i < kValues; ++i) in[i] >> s;
     benchmark::DoNotOptimize(s.currentPos());
     benchmark::ClobberMemory();
   }
 }
 BENCHMARK(BM_StoreUInt_Archive)->Unit(benchmark::kMillisecond);
 
+void BM_StoreUInt_ArchiveBulk(benchmark::State& state) {
+  warm();
+  const std::vector<unsigned int>& in = values();
+  qsa::cSerializeBinary s;
+  for (auto _ : state) {
+    s.rewind();
+    s.storeValues(in.data(), kValues);
+    benchmark::DoNotOptimize(s.currentPos());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_StoreUInt_ArchiveBulk)->Unit(benchmark::kMillisecond);
+
 void BM_LoadUInt_Baseline(benchmark::State& state) {
   warm();
+  const std::vector<unsigned int>& in = values();
   std::vector<char> buffer(kValues * 8);
   char* p = buffer.data();
-  for (unsigned int i = 0; i < kValues; ++i) p = putTagged(p, 4, &i, 4);
+  for (unsigned int i = 0; i < kValues; ++i) p = putTagged(p, 4, &in[i], 4);
+  std::vector<unsigned int> out(kValues);
   for (auto _ : state) {
     const char* q = buffer.data();
-    unsigned long long sum = 0;
-    for (unsigned int i = 0; i < kValues; ++i) {
-      unsigned int v;
-      q = getTagged(q, 4, &v, 4);
-      sum += v;
-    }
-    benchmark::DoNotOptimize(sum);
+    for (unsigned int i = 0; i < kValues; ++i) q = getTagged(q, 4, &out[i], 4);
+    benchmark::DoNotOptimize(out.data());
+    benchmark::ClobberMemory();
   }
 }
 BENCHMARK(BM_LoadUInt_Baseline)->Unit(benchmark::kMillisecond);
@@ -117,20 +153,32 @@ BENCHMARK(BM_LoadUInt_Baseline)->Unit(benchmark::kMillisecond);
 void BM_LoadUInt_Archive(benchmark::State& state) {
   warm();
   qsa::cSerializeBinary s;
-  for (unsigned int i = 0; i < kValues; ++i) i >> s;
+  s.storeValues(values().data(), kValues);
   qsa::cDeserializeBinary d(s.ownData());
+  std::vector<unsigned int> out(kValues);
   for (auto _ : state) {
     d.rewind();
-    unsigned long long sum = 0;
-    for (unsigned int i = 0; i < kValues; ++i) {
-      unsigned int v;
-      v << d;
-      sum += v;
-    }
-    benchmark::DoNotOptimize(sum);
+    for (unsigned int i = 0; i < kValues; ++i) out[i] << d;
+    benchmark::DoNotOptimize(out.data());
+    benchmark::ClobberMemory();
   }
 }
 BENCHMARK(BM_LoadUInt_Archive)->Unit(benchmark::kMillisecond);
+
+void BM_LoadUInt_ArchiveBulk(benchmark::State& state) {
+  warm();
+  qsa::cSerializeBinary s;
+  s.storeValues(values().data(), kValues);
+  qsa::cDeserializeBinary d(s.ownData());
+  std::vector<unsigned int> out(kValues);
+  for (auto _ : state) {
+    d.rewind();
+    d.loadValues(out.data(), kValues);
+    benchmark::DoNotOptimize(out.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_LoadUInt_ArchiveBulk)->Unit(benchmark::kMillisecond);
 
 // --- 100,000 records ------------------------------------------------------
 
@@ -251,5 +299,216 @@ void BM_LoadRecord_Archive(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_LoadRecord_Archive)->Unit(benchmark::kMillisecond);
+
+// ---------------------------------------------------------------- peers
+// The same values through other libraries' binary archives, when installed.
+// Both write into a stream buffer over a vector grown once, and read from
+// one over the written bytes, so they move bytes as ours do.
+
+#if defined(QELBENCH_HAVE_BOOST_SERIALIZATION) || defined(QELBENCH_HAVE_CEREAL)
+struct sPeerRecord {
+  unsigned int miId;
+  long long miStamp;
+  double mdValue;
+  bool mbFlag;
+  std::string mName;
+  template <class A>
+  void serialize(A& ar, const unsigned int = 0) {
+    ar& miId& miStamp& mdValue& mbFlag& mName;
+  }
+};
+
+std::vector<sPeerRecord> makePeerRecords() {
+  std::vector<sPeerRecord> out;
+  for (const sRecord& r : makeRecords()) out.push_back({r.miId, r.miStamp, r.mdValue, r.mbFlag, r.mName.c_str()});
+  return out;
+}
+
+// Writes into a vector that keeps its capacity between runs.
+class cVectorOutBuf : public std::streambuf {
+public:
+  explicit cVectorOutBuf(std::size_t capacity) : mBuffer(capacity) { restart(); }
+  void restart() { setp(mBuffer.data(), mBuffer.data() + mBuffer.size()); }
+  const char* data() const { return mBuffer.data(); }
+  std::size_t written() const { return static_cast<std::size_t>(pptr() - pbase()); }
+
+protected:
+  int_type overflow(int_type c) override {
+    const std::size_t used = written();
+    mBuffer.resize(mBuffer.size() * 2);
+    setp(mBuffer.data(), mBuffer.data() + mBuffer.size());
+    pbump(static_cast<int>(used));
+    if (c != traits_type::eof()) {
+      *pptr() = static_cast<char>(c);
+      pbump(1);
+    }
+    return traits_type::not_eof(c);
+  }
+
+private:
+  std::vector<char> mBuffer;
+};
+
+// Reads the given bytes from the start.
+class cBytesInBuf : public std::streambuf {
+public:
+  cBytesInBuf(const char* p, std::size_t n) : mpData(const_cast<char*>(p)), miSize(n) { restart(); }
+  void restart() { setg(mpData, mpData, mpData + miSize); }
+
+private:
+  char* mpData;
+  std::size_t miSize;
+};
+#endif
+
+#ifdef QELBENCH_HAVE_BOOST_SERIALIZATION
+const unsigned int kBoostFlags = boost::archive::no_header | boost::archive::no_codecvt;
+
+void BM_Peer_Boost_StoreUInt(benchmark::State& state) {
+  warm();
+  const std::vector<unsigned int>& in = values();
+  cVectorOutBuf buf(kValues * 8);
+  for (auto _ : state) {
+    buf.restart();
+    boost::archive::binary_oarchive ar(buf, kBoostFlags);
+    for (unsigned int v : in) ar << v;
+    benchmark::DoNotOptimize(buf.written());
+  }
+}
+BENCHMARK(BM_Peer_Boost_StoreUInt)->Unit(benchmark::kMillisecond);
+
+void BM_Peer_Boost_LoadUInt(benchmark::State& state) {
+  warm();
+  const std::vector<unsigned int>& in = values();
+  cVectorOutBuf out(kValues * 8);
+  {
+    boost::archive::binary_oarchive ar(out, kBoostFlags);
+    for (unsigned int v : in) ar << v;
+  }
+  cBytesInBuf buf(out.data(), out.written());
+  std::vector<unsigned int> got(kValues);
+  for (auto _ : state) {
+    buf.restart();
+    boost::archive::binary_iarchive ar(buf, kBoostFlags);
+    for (unsigned int& v : got) ar >> v;
+    benchmark::DoNotOptimize(got.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_Peer_Boost_LoadUInt)->Unit(benchmark::kMillisecond);
+
+void BM_Peer_Boost_StoreRecord(benchmark::State& state) {
+  warm();
+  const std::vector<sPeerRecord> records = makePeerRecords();
+  cVectorOutBuf buf(kRecords * 72);
+  for (auto _ : state) {
+    buf.restart();
+    boost::archive::binary_oarchive ar(buf, kBoostFlags);
+    for (const sPeerRecord& r : records) ar << r;
+    benchmark::DoNotOptimize(buf.written());
+  }
+}
+BENCHMARK(BM_Peer_Boost_StoreRecord)->Unit(benchmark::kMillisecond);
+
+void BM_Peer_Boost_LoadRecord(benchmark::State& state) {
+  warm();
+  const std::vector<sPeerRecord> records = makePeerRecords();
+  cVectorOutBuf out(kRecords * 72);
+  {
+    boost::archive::binary_oarchive ar(out, kBoostFlags);
+    for (const sPeerRecord& r : records) ar << r;
+  }
+  cBytesInBuf buf(out.data(), out.written());
+  for (auto _ : state) {
+    buf.restart();
+    boost::archive::binary_iarchive ar(buf, kBoostFlags);
+    sPeerRecord r;
+    unsigned long long sum = 0;
+    for (unsigned int i = 0; i < kRecords; ++i) {
+      ar >> r;
+      sum += r.miId + r.mbFlag + static_cast<unsigned char>(r.mName[15]);
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+BENCHMARK(BM_Peer_Boost_LoadRecord)->Unit(benchmark::kMillisecond);
+#endif
+
+#ifdef QELBENCH_HAVE_CEREAL
+void BM_Peer_Cereal_StoreUInt(benchmark::State& state) {
+  warm();
+  const std::vector<unsigned int>& in = values();
+  cVectorOutBuf buf(kValues * 8);
+  std::ostream os(&buf);
+  for (auto _ : state) {
+    buf.restart();
+    cereal::BinaryOutputArchive ar(os);
+    for (unsigned int v : in) ar(v);
+    benchmark::DoNotOptimize(buf.written());
+  }
+}
+BENCHMARK(BM_Peer_Cereal_StoreUInt)->Unit(benchmark::kMillisecond);
+
+void BM_Peer_Cereal_LoadUInt(benchmark::State& state) {
+  warm();
+  const std::vector<unsigned int>& in = values();
+  cVectorOutBuf out(kValues * 8);
+  {
+    std::ostream os(&out);
+    cereal::BinaryOutputArchive ar(os);
+    for (unsigned int v : in) ar(v);
+  }
+  cBytesInBuf buf(out.data(), out.written());
+  std::istream is(&buf);
+  std::vector<unsigned int> got(kValues);
+  for (auto _ : state) {
+    buf.restart();
+    cereal::BinaryInputArchive ar(is);
+    for (unsigned int& v : got) ar(v);
+    benchmark::DoNotOptimize(got.data());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_Peer_Cereal_LoadUInt)->Unit(benchmark::kMillisecond);
+
+void BM_Peer_Cereal_StoreRecord(benchmark::State& state) {
+  warm();
+  const std::vector<sPeerRecord> records = makePeerRecords();
+  cVectorOutBuf buf(kRecords * 72);
+  std::ostream os(&buf);
+  for (auto _ : state) {
+    buf.restart();
+    cereal::BinaryOutputArchive ar(os);
+    for (const sPeerRecord& r : records) ar(r.miId, r.miStamp, r.mdValue, r.mbFlag, r.mName);
+    benchmark::DoNotOptimize(buf.written());
+  }
+}
+BENCHMARK(BM_Peer_Cereal_StoreRecord)->Unit(benchmark::kMillisecond);
+
+void BM_Peer_Cereal_LoadRecord(benchmark::State& state) {
+  warm();
+  const std::vector<sPeerRecord> records = makePeerRecords();
+  cVectorOutBuf out(kRecords * 72);
+  {
+    std::ostream os(&out);
+    cereal::BinaryOutputArchive ar(os);
+    for (const sPeerRecord& r : records) ar(r.miId, r.miStamp, r.mdValue, r.mbFlag, r.mName);
+  }
+  cBytesInBuf buf(out.data(), out.written());
+  std::istream is(&buf);
+  for (auto _ : state) {
+    buf.restart();
+    cereal::BinaryInputArchive ar(is);
+    sPeerRecord r;
+    unsigned long long sum = 0;
+    for (unsigned int i = 0; i < kRecords; ++i) {
+      ar(r.miId, r.miStamp, r.mdValue, r.mbFlag, r.mName);
+      sum += r.miId + r.mbFlag + static_cast<unsigned char>(r.mName[15]);
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+BENCHMARK(BM_Peer_Cereal_LoadRecord)->Unit(benchmark::kMillisecond);
+#endif
 
 }  // namespace

@@ -184,6 +184,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         case 27:
           d.nextTypeId();
           break;
+        case 28: {
+          // Bulk loads, with a count taken from the script.
+          unsigned int v[8];
+          d.loadValues(v, i + 1 < scriptSize ? script[++i] % 9 : 2);
+          break;
+        }
+        case 29: {
+          double v[3];
+          d.loadValues(v, 3);
+          break;
+        }
         default: {
           unsigned int v;
           v << d;

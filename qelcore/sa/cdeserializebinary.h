@@ -67,6 +67,15 @@ public:
   void load(unsigned char& value) final { value = static_cast<unsigned char>(*fixed(idUChar, 1)); }
   void load(char& value) final { value = *fixed(idChar, 1); }
 
+  // Loads `count` consecutive elements of the values' type, as loading them
+  // one at a time would. When it fails nothing is consumed, though `values`
+  // may have been written in part.
+  void loadValues(int* values, unsigned int count) { getValues(idInt32, values, count); }
+  void loadValues(unsigned int* values, unsigned int count) { getValues(idUInt32, values, count); }
+  void loadValues(long long* values, unsigned int count) { getValues(idInt64, values, count); }
+  void loadValues(unsigned long long* values, unsigned int count) { getValues(idUInt64, values, count); }
+  void loadValues(double* values, unsigned int count) { getValues(idDouble, values, count); }
+
   // Where the bytes of the next block start and how many there are; moves nothing.
   void getNextBlockInfo(unsigned int& position, unsigned long long& size);
 
@@ -131,6 +140,36 @@ private:
       }
     }
     return binarybytes::get32(loadFixed(id, 4));
+  }
+  template <class T>
+  void getValues(unsigned int id, T* values, unsigned int count) {
+    static_assert(sizeof(T) == 4 || sizeof(T) == 8, "32- and 64-bit values");
+    const unsigned int size = 4 + sizeof(T);
+    if ((miLimit - miPos) / size >= count) {
+      // The common case: plain elements only. Checked as a whole after the
+      // pass, which keeps the pass free of branches.
+      const char* p = mpBytes + miPos;
+      bool plain = true;
+      for (unsigned int i = 0; i < count; ++i, p += size) {
+        plain &= binarybytes::get32(p) == id;
+        if (sizeof(T) == 4)
+          binarybytes::fromBits(binarybytes::get32(p + 4), values[i]);
+        else
+          binarybytes::fromBits(binarybytes::get64(p + 4), values[i]);
+      }
+      if (plain) {
+        miPos += size * count;
+        return;
+      }
+    }
+    // Labels in between, or an error: one at a time, undone on failure.
+    const unsigned int start = miPos;
+    try {
+      for (unsigned int i = 0; i < count; ++i) load(values[i]);
+    } catch (...) {
+      miPos = start;
+      throw;
+    }
   }
   void loadAsciiString(qstd::cAsciiString& value);
   const char* loadFixedDirect(unsigned int id, unsigned int n);

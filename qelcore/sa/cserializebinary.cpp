@@ -60,8 +60,8 @@ void cSerializeBinary::detachContexts() {
   mpCurrent = 0;
 }
 
-char* cSerializeBinary::reserve(unsigned int n) {
-  const unsigned long long need = static_cast<unsigned long long>(miPos) + n;
+char* cSerializeBinary::reserve(unsigned long long n) {
+  const unsigned long long need = miPos + n;
   const unsigned int size = mrData.size();
   if (need > size) {
     if (need > 0xFFFFFFFFull)

@@ -47,7 +47,7 @@ public:
     // One reservation for the whole element: nothing can fail after it.
     char* p = reserveFast(8 + n);
     binarybytes::putTagged32(p, idAsciiString, n);
-    if (n) std::memcpy(p + 8, value.c_str(), n);
+    binarybytes::copyBytes(p + 8, value.c_str(), n);
     miPos += 8 + n;
   }
   // The fixed-width values are written inline; the format is fixed, so a
@@ -63,6 +63,15 @@ public:
   void store(char value) final { putFixed(idChar, static_cast<unsigned char>(value)); }
   void store(unsigned char value) final { putFixed(idUChar, value); }
   using cAbstractSerializer::store;
+
+  // Stores `count` values as consecutive elements: the same bytes as storing
+  // them one at a time, in one pass over the buffer. Nothing is written when
+  // it fails.
+  void storeValues(const int* values, unsigned int count) { putValues(idInt32, values, count); }
+  void storeValues(const unsigned int* values, unsigned int count) { putValues(idUInt32, values, count); }
+  void storeValues(const long long* values, unsigned int count) { putValues(idInt64, values, count); }
+  void storeValues(const unsigned long long* values, unsigned int count) { putValues(idUInt64, values, count); }
+  void storeValues(const double* values, unsigned int count) { putValues(idDouble, values, count); }
 
   // Back to the first element of the open context, or of the archive.
   void rewind() override;
@@ -91,7 +100,7 @@ private:
   cSerializeBinary& operator=(const cSerializeBinary&) = delete;
 
   // Makes room for n bytes at the write position; returns where they go.
-  char* reserve(unsigned int n);
+  char* reserve(unsigned long long n);
   char* reserveFast(unsigned int n) {
     const unsigned int end = miPos + n;
     if (end >= miPos && end <= mrData.size()) return mrData.begin() + miPos;
@@ -111,15 +120,26 @@ private:
   }
   void putFixed(unsigned int id, unsigned int v) {
     char* p = reserveFast(8);
-    binarybytes::put32(p, id);
-    binarybytes::put32(p + 4, v);
+    binarybytes::putTagged32(p, id, v);
     miPos += 8;
   }
   void putFixed(unsigned int id, unsigned long long v) {
     char* p = reserveFast(12);
-    binarybytes::put32(p, id);
-    binarybytes::put64(p + 4, v);
+    binarybytes::putTagged64(p, id, v);
     miPos += 12;
+  }
+  template <class T>
+  void putValues(unsigned int id, const T* values, unsigned int count) {
+    static_assert(sizeof(T) == 4 || sizeof(T) == 8, "32- and 64-bit values");
+    const unsigned int size = 4 + sizeof(T);
+    char* p = reserve(static_cast<unsigned long long>(size) * count);
+    for (unsigned int i = 0; i < count; ++i, p += size) {
+      if (sizeof(T) == 4)
+        binarybytes::putTagged32(p, id, static_cast<unsigned int>(binarybytes::bitsOf(values[i])));
+      else
+        binarybytes::putTagged64(p, id, binarybytes::bitsOf(values[i]));
+    }
+    miPos += size * count;
   }
   [[noreturn]] static void throwStringTooLong(unsigned int n);
   void storeTypeId(unsigned int id);

@@ -545,8 +545,16 @@ private:
   }
 
   static void copyElements(T* dest, const T* from, unsigned int n) {
-    if (n > 0) {
-      std::memcpy(dest, from, static_cast<std::size_t>(n) * sizeof(T));
+    const std::size_t bytes = static_cast<std::size_t>(n) * sizeof(T);
+    if (bytes >= 8 && bytes <= 16) {
+      // Short strings and keys: two overlapping moves instead of a call.
+      char head[8], tail[8];
+      std::memcpy(head, from, 8);
+      std::memcpy(tail, reinterpret_cast<const char*>(from) + bytes - 8, 8);
+      std::memcpy(dest, head, 8);
+      std::memcpy(reinterpret_cast<char*>(dest) + bytes - 8, tail, 8);
+    } else if (n > 0) {
+      std::memcpy(dest, from, bytes);
     }
   }
   static void fillElements(T* dest, const T& value, unsigned int n) {

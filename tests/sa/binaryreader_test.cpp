@@ -1,5 +1,8 @@
 // The binary reader: round trips, exact type matching, transactional failures,
 // contexts, labels, skipping and copying.
+#include <cmath>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "qelcore/sa/ccontext.h"
@@ -142,6 +145,73 @@ TEST(BinaryReader, TypesMustMatchExactlyAndFailuresConsumeNothing) {
     EXPECT_EQ(textOf(e), "Unable to deserialize - end of context!");
   }
   EXPECT_EQ(d.currentPos(), 8u);
+}
+
+TEST(BinaryReader, BulkValuesAreTheSameElementsAsSingleOnes) {
+  const unsigned int u[] = {0u, 7u, 0xFFFFFFFFu};
+  const long long ll[] = {-1ll, 1ll << 40};
+  const double dd[] = {-0.0, 1.5, 1e300};
+  cSerializeBinary bulk, single;
+  bulk.storeValues(u, 3);
+  bulk.storeValues(ll, 2);
+  bulk.storeValues(dd, 3);
+  bulk.storeValues(u, 0);
+  for (unsigned int v : u) v >> single;
+  for (long long v : ll) v >> single;
+  for (double v : dd) v >> single;
+  EXPECT_EQ(bytesOf(bulk), bytesOf(single));
+
+  // Loaded in bulk, also across a label that the fast pass cannot take.
+  cSerializeBinary labeled;
+  labeled.storeValues(u, 2);
+  u[2] >> labeled.newLabel("Last");
+  for (cSerializeBinary* s : {&bulk, &labeled}) {
+    cDeserializeBinary d(s->ownData());
+    unsigned int uu[3] = {};
+    d.loadValues(uu, 3);
+    EXPECT_EQ(std::vector<unsigned int>(uu, uu + 3), std::vector<unsigned int>(u, u + 3));
+    EXPECT_EQ(d.currentPos(), s == &bulk ? 24u : s->currentPos());
+  }
+  cDeserializeBinary d(bulk.ownData());
+  unsigned int uu[3];
+  long long l2[2];
+  double d3[3];
+  d.loadValues(uu, 3);
+  d.loadValues(l2, 2);
+  d.loadValues(d3, 3);
+  EXPECT_EQ(l2[1], 1ll << 40);
+  EXPECT_TRUE(std::signbit(d3[0]));
+  EXPECT_EQ(d3[2], 1e300);
+  EXPECT_TRUE(d.eoc());
+}
+
+TEST(BinaryReader, BulkLoadsFailLikeSingleOnesAndConsumeNothing) {
+  cSerializeBinary s;
+  1u >> s;
+  2 >> s;
+  cDeserializeBinary d(s.ownData());
+  unsigned int two[2];
+  EXPECT_THROW(d.loadValues(two, 2), qstd::cTypeMissmatchException);
+  EXPECT_EQ(d.currentPos(), 0u);
+  unsigned int three[3];
+  try {
+    d.loadValues(three, 3);
+    FAIL();
+  } catch (const qstd::cTypeMissmatchException&) {
+    // the second element is checked before the missing third
+  }
+  EXPECT_EQ(d.currentPos(), 0u);
+  d.loadValues(two, 1);
+  int rest[2];
+  try {
+    d.loadValues(rest, 2);
+    FAIL();
+  } catch (const qstd::cRuntimeException& e) {
+    EXPECT_EQ(textOf(e), "Unable to deserialize - end of context!");
+  }
+  EXPECT_EQ(d.currentPos(), 8u);
+  d.loadValues(rest, 1);
+  EXPECT_EQ(rest[0], 2);
 }
 
 TEST(BinaryReader, MismatchAfterALabelNamesTheLabel) {
