@@ -1,4 +1,5 @@
-// The UTF-8 and UTF-16 endecs against a plain scalar loop and iconv, on 1 MiB
+// The UTF-8 and UTF-16 endecs against a plain scalar loop and iconv (and the
+// UTF-8 decoder against utf8cpp when its header was found), on 1 MiB
 // of pure ASCII and 1 MiB of mixed text (accented Latin, Cyrillic, CJK and
 // some characters outside the basic plane). All output buffers are reused, so
 // the loops measure conversion and not allocation.
@@ -8,6 +9,9 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
+#ifdef QELBENCH_HAVE_UTF8CPP
+#include <utf8.h>
+#endif
 
 #include "qelcore/ucs/cendecutf16.h"
 #include "qelcore/ucs/cendecutf8.h"
@@ -164,6 +168,23 @@ void BM_DecodeUTF8_Iconv(benchmark::State& state) {
   finish(state, kind);
 }
 
+#ifdef QELBENCH_HAVE_UTF8CPP
+// The checked conversion, which is what a caller without other means uses.
+void BM_DecodeUTF8_Utf8cpp(benchmark::State& state) {
+  const Kind kind = static_cast<Kind>(state.range(0));
+  const cInput& in = input(kind);
+  std::vector<std::uint32_t> out(in.utf8.size());
+  const char* src = in.utf8.data();
+  std::size_t k = 0;
+  for (auto _ : state) {
+    k = static_cast<std::size_t>(utf8::utf8to32(src, src + in.utf8.size(), out.begin()) - out.begin());
+    benchmark::DoNotOptimize(out.data());
+  }
+  if (k != in.text.size()) state.SkipWithError("wrong result");
+  finish(state, kind);
+}
+#endif
+
 // ---------------------------------------------------------------- characters -> UTF-8
 
 void BM_EncodeUTF8_QEL(benchmark::State& state) {
@@ -273,6 +294,9 @@ void BM_EncodeUTF16_Iconv(benchmark::State& state) {
 BENCHMARK(BM_DecodeUTF8_QEL)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_DecodeUTF8_ScalarLoop)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_DecodeUTF8_Iconv)->Arg(Ascii)->Arg(Mixed);
+#ifdef QELBENCH_HAVE_UTF8CPP
+BENCHMARK(BM_DecodeUTF8_Utf8cpp)->Arg(Ascii)->Arg(Mixed);
+#endif
 BENCHMARK(BM_EncodeUTF8_QEL)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_EncodeUTF8_ScalarLoop)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_EncodeUTF8_Iconv)->Arg(Ascii)->Arg(Mixed);

@@ -14,6 +14,14 @@
 #include "qelcore/ucs/cstring.h"
 #include "qelcore/ucs/cucsexceptions.h"
 
+// The block decoder below uses AVX2 when the processor has it; it is compiled
+// for that target function by function, so the library itself still runs on
+// any x86 processor, and elsewhere only the portable loop is built.
+#if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
+#define QEL_UTF8_BLOCKS 1
+#include <immintrin.h>
+#endif
+
 namespace qucs {
 
 namespace {
@@ -112,6 +120,122 @@ inline std::uint64_t load64(const unsigned char* p) {
 
 inline bool plainAscii(std::uint64_t w) { return (w & 0x8080808080808080ull) == 0; }
 
+#ifdef QEL_UTF8_BLOCKS
+
+// Shuffles that move the 32-bit lanes named by a four-bit mask to the front,
+// and how many lanes that are.
+struct cPackTable {
+  unsigned char shuffle[16][16];
+  unsigned char count[16];
+  constexpr cPackTable() : shuffle{}, count{} {
+    for (unsigned int m = 0; m < 16; ++m) {
+      unsigned int n = 0;
+      for (unsigned int lane = 0; lane < 4; ++lane)
+        if (m & (1u << lane)) {
+          for (unsigned int b = 0; b < 4; ++b) shuffle[m][4 * n + b] = static_cast<unsigned char>(4 * lane + b);
+          ++n;
+        }
+      for (unsigned int i = 4 * n; i < 16; ++i) shuffle[m][i] = 0x80;
+      count[m] = static_cast<unsigned char>(n);
+    }
+  }
+};
+constexpr cPackTable PackTable;
+
+bool haveBlockDecoder() {
+  static const bool yes = [] {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx2") != 0;
+  }();
+  return yes;
+}
+
+// Decodes sixteen-byte blocks from `p` while at least sixteen bytes are left
+// and returns where it stopped; `d` advances over the characters written.
+//
+// A block is taken only when its structure is plain: every byte that a lead
+// byte announces as part of its sequence is a 10xxxxxx byte, every other byte
+// is not, and no lead byte announces more than three continuation bytes. Then
+// masking the marker bits off yields exactly what the byte-wise loop computes
+// with its offsets. Anything else (stray continuation bytes, unsupported lead
+// bytes, sequences whose continuation bytes are not 10xxxxxx) stops the blocks
+// and is left to that loop, with its errors. A block yields the sequences that
+// begin in its first twelve bytes, which always end inside it.
+//
+// The caller excludes zero bytes: the input ends before the first one. Each
+// group stores four characters, of which only those of lead bytes are kept;
+// the stores stay inside the room for one character a byte, since sixteen
+// bytes are left and no character is shorter than a byte.
+__attribute__((target("avx2"))) const unsigned char* decodeBlocks(const unsigned char* p, const unsigned char* end,
+                                                                  std::uint32_t*& d) {
+  // By the high nibble of each byte: the mask that leaves the bits of the
+  // character, and by how far the four-byte sum of a lead byte is shifted down.
+  // No byte keeps more than six bits, so that the bytes behind a sequence never
+  // carry into it; bit 6 of an ASCII character is added at the end.
+  const __m128i valueMask =
+      _mm_setr_epi8(0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x1F, 0x1F, 0x0F, 0x07);
+  const __m128i asciiTopMask = _mm_setr_epi8(0x40, 0x40, 0x40, 0x40, 0x40, 0x40, 0x40, 0x40, 0, 0, 0, 0, 0, 0, 0, 0);
+  const __m128i shiftDown = _mm_setr_epi8(18, 18, 18, 18, 18, 18, 18, 18, 0, 0, 0, 0, 12, 12, 6, 0);
+  const __m128i lowNibble = _mm_set1_epi8(0x0F);
+  // Lane j of group k gathers the bytes 4k+j+1, 4k+j, 4k+j+3, 4k+j+2: two
+  // multiply-adds then give b0 << 18 | b1 << 12 | b2 << 6 | b3.
+  const __m128i gather[3] = {_mm_setr_epi8(1, 0, 3, 2, 2, 1, 4, 3, 3, 2, 5, 4, 4, 3, 6, 5),
+                             _mm_setr_epi8(5, 4, 7, 6, 6, 5, 8, 7, 7, 6, 9, 8, 8, 7, 10, 9),
+                             _mm_setr_epi8(9, 8, 11, 10, 10, 9, 12, 11, 11, 10, 13, 12, 12, 11, 14, 13)};
+  const __m128i shiftOf[3] = {_mm_setr_epi8(0, -1, -1, -1, 1, -1, -1, -1, 2, -1, -1, -1, 3, -1, -1, -1),
+                              _mm_setr_epi8(4, -1, -1, -1, 5, -1, -1, -1, 6, -1, -1, -1, 7, -1, -1, -1),
+                              _mm_setr_epi8(8, -1, -1, -1, 9, -1, -1, -1, 10, -1, -1, -1, 11, -1, -1, -1)};
+  const __m128i pairWeights = _mm_set1_epi32(0x40014001);  // bytes 1, 64, 1, 64
+  const __m128i quadWeights = _mm_set1_epi32(0x00011000);  // words 4096, 1
+  std::uint32_t* out = d;
+  while (end - p >= 16) {
+    const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+    const unsigned int bit7 = static_cast<unsigned int>(_mm_movemask_epi8(b));
+    if (bit7 == 0) {
+      __m128i* o = reinterpret_cast<__m128i*>(out);
+      _mm_storeu_si128(o, _mm_cvtepu8_epi32(b));
+      _mm_storeu_si128(o + 1, _mm_cvtepu8_epi32(_mm_srli_si128(b, 4)));
+      _mm_storeu_si128(o + 2, _mm_cvtepu8_epi32(_mm_srli_si128(b, 8)));
+      _mm_storeu_si128(o + 3, _mm_cvtepu8_epi32(_mm_srli_si128(b, 12)));
+      p += 16;
+      out += 16;
+      continue;
+    }
+    // Bits 6 to 3 of every byte, by doubling the bytes.
+    const __m128i b2 = _mm_add_epi8(b, b), b4 = _mm_add_epi8(b2, b2), b8 = _mm_add_epi8(b4, b4);
+    const unsigned int bit6 = static_cast<unsigned int>(_mm_movemask_epi8(b2));
+    const unsigned int bit5 = static_cast<unsigned int>(_mm_movemask_epi8(b4));
+    const unsigned int bit4 = static_cast<unsigned int>(_mm_movemask_epi8(b8));
+    const unsigned int bit3 = static_cast<unsigned int>(_mm_movemask_epi8(_mm_add_epi8(b8, b8)));
+    const unsigned int cont = bit7 & ~bit6;
+    const unsigned int two = bit7 & bit6, three = two & bit5, four = three & bit4;
+    const unsigned int announced = ((two << 1) | (three << 2) | (four << 3)) & 0xFFFFu;
+    if (announced != cont || (four & bit3) != 0) break;
+    const unsigned int lead = ~cont & 0xFFFFu;
+
+    const __m128i nibble = _mm_and_si128(_mm_srli_epi16(b, 4), lowNibble);
+    const __m128i bits = _mm_and_si128(b, _mm_shuffle_epi8(valueMask, nibble));
+    const __m128i shifts = _mm_shuffle_epi8(shiftDown, nibble);
+    const __m128i asciiTop = _mm_and_si128(b, _mm_shuffle_epi8(asciiTopMask, nibble));
+    for (unsigned int k = 0; k < 3; ++k) {
+      const __m128i quad = _mm_shuffle_epi8(bits, gather[k]);
+      __m128i v = _mm_madd_epi16(_mm_maddubs_epi16(quad, pairWeights), quadWeights);
+      v = _mm_srlv_epi32(v, _mm_shuffle_epi8(shifts, shiftOf[k]));
+      v = _mm_or_si128(v, _mm_shuffle_epi8(asciiTop, shiftOf[k]));
+      const unsigned int m = (lead >> (4 * k)) & 0xFu;
+      v = _mm_shuffle_epi8(v, _mm_loadu_si128(reinterpret_cast<const __m128i*>(PackTable.shuffle[m])));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(out), v);
+      out += PackTable.count[m];
+    }
+    // The next sequence begins at the first lead byte from byte 12 on.
+    p += 12 + static_cast<unsigned int>(__builtin_ctz(lead >> 12));
+  }
+  d = out;
+  return p;
+}
+
+#endif
+
 // The decoder's errors, out of the way of the loop. `done` receives the
 // characters decoded before the error.
 [[noreturn]] QEL_NOINLINE void endOfData(unsigned int& done, std::ptrdiff_t written, unsigned int index) {
@@ -136,66 +260,89 @@ unsigned int decodeBytes(const unsigned char* src, unsigned int n, std::uint32_t
   const unsigned char* p = src;
   const unsigned char* const end = zero != nullptr ? static_cast<const unsigned char*>(zero) : src + n;
   std::uint32_t* d = dst;
+  // The byte-wise loop runs up to `blocksFrom`, then the block decoder takes
+  // over. After a block it refused, the loop goes on alone until it has passed
+  // that block, and further each time the block decoder refuses at once, so
+  // that input it cannot take (such as text full of stray continuation bytes)
+  // costs little.
+  const unsigned char* blocksFrom = end;
+#ifdef QEL_UTF8_BLOCKS
+  const bool blocks = haveBlockDecoder();
+  unsigned int refused = 0;
+#endif
   while (p != end) {
-    const unsigned char lead = *p;
-    if (lead < 0x80) {
-      // ASCII: whole blocks of sixteen or eight bytes where possible, else
-      // byte by byte up to the next byte that is not ASCII.
-      if (end - p >= 16 && plainAscii(load64(p) | load64(p + 8))) {
-        do {
-          for (unsigned int j = 0; j < 16; ++j) d[j] = p[j];
-          p += 16;
-          d += 16;
-        } while (end - p >= 16 && plainAscii(load64(p) | load64(p + 8)));
-      } else if (end - p >= 8 && plainAscii(load64(p))) {
-        for (unsigned int j = 0; j < 8; ++j) d[j] = p[j];
-        p += 8;
-        d += 8;
-      } else {
-        do {
-          *d++ = *p++;
-        } while (p != end && *p < 0x80);
-      }
-      continue;
+#ifdef QEL_UTF8_BLOCKS
+    if (blocks && end - p >= 16) {
+      const unsigned char* const from = p;
+      p = decodeBlocks(p, end, d);
+      if (p == end) break;
+      refused = p != from ? 0 : refused < 6 ? refused + 1 : 6;
+      blocksFrom = end - p > (16 << refused) ? p + (16 << refused) : end;
+    } else {
+      blocksFrom = end;
     }
-    // The sequences that lie complete inside the input. Branching on the
-    // length (rather than computing it) lets the processor run ahead to the
-    // next character while this one is still being assembled, and text tends
-    // to run in one script, so each form loops over its own run.
-    const std::ptrdiff_t left = end - p;
-    if (lead < 0xE0) {
-      if (lead >= 0xC0 && left >= 2) {
-        do {
-          *d++ = (std::uint32_t(p[0]) << 6) + p[1] - SequenceOffset[1];
-          p += 2;
-        } while (end - p >= 2 && (p[0] & 0xE0) == 0xC0);
+#endif
+    while (p < blocksFrom) {
+      const unsigned char lead = *p;
+      if (lead < 0x80) {
+        // ASCII: whole blocks of sixteen or eight bytes where possible, else
+        // byte by byte up to the next byte that is not ASCII.
+        if (end - p >= 16 && plainAscii(load64(p) | load64(p + 8))) {
+          do {
+            for (unsigned int j = 0; j < 16; ++j) d[j] = p[j];
+            p += 16;
+            d += 16;
+          } while (p < blocksFrom && end - p >= 16 && plainAscii(load64(p) | load64(p + 8)));
+        } else if (end - p >= 8 && plainAscii(load64(p))) {
+          for (unsigned int j = 0; j < 8; ++j) d[j] = p[j];
+          p += 8;
+          d += 8;
+        } else {
+          do {
+            *d++ = *p++;
+          } while (p != end && *p < 0x80);
+        }
         continue;
       }
-    } else if (lead < 0xF0) {
-      if (left >= 3) {
-        do {
-          *d++ = (std::uint32_t(p[0]) << 12) + (std::uint32_t(p[1]) << 6) + p[2] - SequenceOffset[2];
-          p += 3;
-        } while (end - p >= 3 && (p[0] & 0xF0) == 0xE0);
-        continue;
+      // The sequences that lie complete inside the input. Branching on the
+      // length (rather than computing it) lets the processor run ahead to the
+      // next character while this one is still being assembled, and text tends
+      // to run in one script, so each form loops over its own run.
+      const std::ptrdiff_t left = end - p;
+      if (lead < 0xE0) {
+        if (lead >= 0xC0 && left >= 2) {
+          do {
+            *d++ = (std::uint32_t(p[0]) << 6) + p[1] - SequenceOffset[1];
+            p += 2;
+          } while (end - p >= 2 && (p[0] & 0xE0) == 0xC0);
+          continue;
+        }
+      } else if (lead < 0xF0) {
+        if (left >= 3) {
+          do {
+            *d++ = (std::uint32_t(p[0]) << 12) + (std::uint32_t(p[1]) << 6) + p[2] - SequenceOffset[2];
+            p += 3;
+          } while (end - p >= 3 && (p[0] & 0xF0) == 0xE0);
+          continue;
+        }
+      } else if (lead < 0xF8) {
+        if (left >= 4) {
+          do {
+            *d++ = (std::uint32_t(p[0]) << 18) + (std::uint32_t(p[1]) << 12) + (std::uint32_t(p[2]) << 6) + p[3] -
+                   SequenceOffset[3];
+            p += 4;
+          } while (end - p >= 4 && (p[0] & 0xF8) == 0xF0);
+          continue;
+        }
       }
-    } else if (lead < 0xF8) {
-      if (left >= 4) {
-        do {
-          *d++ = (std::uint32_t(p[0]) << 18) + (std::uint32_t(p[1]) << 12) + (std::uint32_t(p[2]) << 6) + p[3] -
-                 SequenceOffset[3];
-          p += 4;
-        } while (end - p >= 4 && (p[0] & 0xF8) == 0xF0);
-        continue;
-      }
+      // A stray continuation byte, an unsupported first byte, or a sequence
+      // cut off by the end of the input (read as the window's zero padding).
+      const unsigned int count = LeadTable.count[lead];
+      if (count >= 4) unsupportedLength(done, d - dst, count);
+      if (count >= static_cast<std::size_t>(left)) endOfData(done, d - dst, static_cast<unsigned int>(left));
+      *d++ = lead;  // count is 0 here: a complete sequence was taken above
+      ++p;
     }
-    // A stray continuation byte, an unsupported first byte, or a sequence
-    // cut off by the end of the input (read as the window's zero padding).
-    const unsigned int count = LeadTable.count[lead];
-    if (count >= 4) unsupportedLength(done, d - dst, count);
-    if (count >= static_cast<std::size_t>(left)) endOfData(done, d - dst, static_cast<unsigned int>(left));
-    *d++ = lead;  // count is 0 here: a complete sequence was taken above
-    ++p;
   }
   if (p != src + n) endOfData(done, d - dst, 0);
   done = static_cast<unsigned int>(d - dst);
