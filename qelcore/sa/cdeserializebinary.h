@@ -15,6 +15,7 @@
 #include "qelcore/sa/csbinaryloadcontextdata.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tconstarrayref.h"
 
@@ -144,6 +145,7 @@ private:
   template <class T>
   void getValues(unsigned int id, T* values, unsigned int count) {
     static_assert(sizeof(T) == 4 || sizeof(T) == 8, "32- and 64-bit values");
+    QEL_ASSERT((values != 0) || (count == 0), "sa/cdeserializebinary");
     const unsigned int size = 4 + sizeof(T);
     if ((miLimit - miPos) / size >= count) {
       // The common case: plain elements only. Checked as a whole after the

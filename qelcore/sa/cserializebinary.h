@@ -16,6 +16,7 @@
 #include "qelcore/sa/csbinarystorecontextdata.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayref.h"
 
@@ -131,6 +132,7 @@ private:
   template <class T>
   void putValues(unsigned int id, const T* values, unsigned int count) {
     static_assert(sizeof(T) == 4 || sizeof(T) == 8, "32- and 64-bit values");
+    QEL_ASSERT((values != 0) || (count == 0), "sa/cserializebinary");
     const unsigned int size = 4 + sizeof(T);
     char* p = reserve(static_cast<unsigned long long>(size) * count);
     for (unsigned int i = 0; i < count; ++i, p += size) {

@@ -212,6 +212,9 @@ TEST(BinaryReader, BulkLoadsFailLikeSingleOnesAndConsumeNothing) {
   EXPECT_EQ(d.currentPos(), 8u);
   d.loadValues(rest, 1);
   EXPECT_EQ(rest[0], 2);
+  EXPECT_THROW(d.loadValues(static_cast<int*>(nullptr), 1), qstd::cAbstractException);
+  EXPECT_THROW(s.storeValues(static_cast<const int*>(nullptr), 1), qstd::cAbstractException);
+  EXPECT_EQ(s.currentPos(), 16u);
 }
 
 TEST(BinaryReader, MismatchAfterALabelNamesTheLabel) {
