@@ -137,4 +137,17 @@
 #include "qelcore/pi/tfdinfo.h"
 #include "qelcore/std/tparentwatch.h"
 
+// qcs: components, interfaces, dependencies, addresses and the module manager
+#include "qelcore/qcs/ccomponentaddr.h"
+#include "qelcore/qcs/ccomponentlocation.h"
+#include "qelcore/qcs/cinterfacedesc.h"
+#include "qelcore/qcs/cmatcheddependency.h"
+#include "qelcore/qcs/cmoduleloadexception.h"
+#include "qelcore/qcs/cnopublicinterfaceexception.h"
+#include "qelcore/qcs/cnosuchmoduleexception.h"
+#include "qelcore/qcs/cqcsexceptionfactory.h"
+#include "qelcore/qcs/cqcsexceptions.h"
+#include "qelcore/qcs/crmiexception.h"
+#include "qelcore/qcs/cunmatchedinterfaceexception.h"
+
 #endif

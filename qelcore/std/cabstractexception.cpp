@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "qelcore/pi/cabstractout.h"
+#include "qelcore/qcs/ccomponentlocation.h"
 #include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/std/cabstractexceptionfactory.h"
@@ -34,7 +35,12 @@ bool dumpOnConstruction() {
 }  // namespace
 
 cAbstractException::cAbstractException(const char* text, Type type, const char* file, unsigned int line)
-    : miLine(line), meType(type), mpHistory(nullptr), mbOutOfMemory(false), miBacktraceSize(0) {
+    : miLine(line),
+      meType(type),
+      mpHistory(nullptr),
+      mbOutOfMemory(false),
+      mpRemoteLocation(nullptr),
+      miBacktraceSize(0) {
   copyBounded(mszFileName, file, FileNameSize);
   copyBounded(mszText, text, TextSize);
   std::memset(maBacktrace, 0, sizeof maBacktrace);
@@ -51,12 +57,13 @@ cAbstractException::cAbstractException(const char* text, Type type, const char* 
   }
 }
 
-cAbstractException::cAbstractException(const cAbstractException& other) : std::exception(other), mpHistory(nullptr) {
+cAbstractException::cAbstractException(const cAbstractException& other)
+    : std::exception(other), mpHistory(nullptr), mpRemoteLocation(nullptr) {
   copyBase(other);
 }
 
 cAbstractException::cAbstractException(cAbstractException&& other) noexcept
-    : std::exception(other), mpHistory(nullptr) {
+    : std::exception(other), mpHistory(nullptr), mpRemoteLocation(nullptr) {
   *this = std::move(other);
 }
 
@@ -69,25 +76,43 @@ cAbstractException& cAbstractException::operator=(cAbstractException&& other) no
   if (this != &other) {
     cAbstractException* history = other.mpHistory;
     other.mpHistory = nullptr;
-    takeFields(other, history);
+    qcs::cComponentLocation* remote = other.mpRemoteLocation;
+    other.mpRemoteLocation = nullptr;
+    takeFields(other, history, remote);
   }
   return *this;
 }
 
-cAbstractException::~cAbstractException() { delete mpHistory; }
-
-void cAbstractException::copyBase(const cAbstractException& other) {
-  // Copy the chain first: if that throws, this object is unchanged.
-  takeFields(other, other.mpHistory ? other.mpHistory->clone() : nullptr);
+cAbstractException::~cAbstractException() {
+  delete mpHistory;
+  delete mpRemoteLocation;
 }
 
-void cAbstractException::takeFields(const cAbstractException& other, cAbstractException* history) noexcept {
+void cAbstractException::copyBase(const cAbstractException& other) {
+  // Copy the chain and the location first: if that throws, this object is
+  // unchanged.
+  tAutoPtr<qcs::cComponentLocation> remote(other.mpRemoteLocation ? new qcs::cComponentLocation(*other.mpRemoteLocation)
+                                                                  : nullptr);
+  cAbstractException* history = other.mpHistory ? other.mpHistory->clone() : nullptr;
+  takeFields(other, history, remote.release());
+}
+
+void cAbstractException::setRemoteInfo(const qcs::cComponentLocation& location) {
+  qcs::cComponentLocation* remote = new qcs::cComponentLocation(location);
+  delete mpRemoteLocation;
+  mpRemoteLocation = remote;
+}
+
+void cAbstractException::takeFields(const cAbstractException& other, cAbstractException* history,
+                                    qcs::cComponentLocation* remote) noexcept {
   std::memcpy(mszFileName, other.mszFileName, FileNameSize);
   miLine = other.miLine;
   std::memcpy(mszText, other.mszText, TextSize);
   meType = other.meType;
   delete mpHistory;
   mpHistory = history;
+  delete mpRemoteLocation;
+  mpRemoteLocation = remote;
   mbOutOfMemory = other.mbOutOfMemory;
   miBacktraceSize = other.miBacktraceSize;
   std::memcpy(maBacktrace, other.maBacktrace, sizeof maBacktrace);
@@ -96,7 +121,7 @@ void cAbstractException::takeFields(const cAbstractException& other, cAbstractEx
 const qucs::cLIMessage* cAbstractException::liMessage() const { return nullptr; }
 const qucs::cString* cAbstractException::dialog() const { return nullptr; }
 bool cAbstractException::isRemote() const { return remoteLocation() != nullptr; }
-const qcs::cComponentLocation* cAbstractException::remoteLocation() const { return nullptr; }
+const qcs::cComponentLocation* cAbstractException::remoteLocation() const { return mpRemoteLocation; }
 bool cAbstractException::outOfMemoryCondition() const { return mbOutOfMemory; }
 const char* cAbstractException::what() const noexcept { return mszText; }
 

@@ -53,7 +53,9 @@ public:
   virtual cAsciiString typeName() const = 0;
   virtual const qucs::cLIMessage* liMessage() const;
   virtual const qucs::cString* dialog() const;
+  // True once setRemoteInfo() recorded where the exception was raised.
   virtual bool isRemote() const;
+  // That location, or null for an exception raised in this process.
   virtual const qcs::cComponentLocation* remoteLocation() const;
   // Writes the chain to the debug output, one entry per exception.
   virtual void dump() const;
@@ -78,6 +80,11 @@ public:
   // Return addresses captured at construction, innermost first.
   const std::uintptr_t* backtrace() const { return maBacktrace; }
   unsigned int backtraceSize() const { return miBacktraceSize; }
+
+  // Records the location of the remote component that raised the exception
+  // (when it was rebuilt from another process's archive). Copies keep it; the
+  // archive form does not carry it.
+  void setRemoteInfo(const qcs::cComponentLocation& location);
 
   // Appends a copy of `cause` at the end of the chain of causes.
   void link(const cAbstractException& cause);
@@ -116,9 +123,10 @@ private:
   // Takes ownership of `cause` and attaches it after the last cause.
   void link(cAbstractException* cause);
   void copyBase(const cAbstractException& other);
-  // Copies the fields of `other` except its chain and takes `history` (owned)
-  // as this object's chain.
-  void takeFields(const cAbstractException& other, cAbstractException* history) noexcept;
+  // Copies the fields of `other` except its chain and remote location, and
+  // takes `history` and `remote` (owned) as this object's.
+  void takeFields(const cAbstractException& other, cAbstractException* history,
+                  qcs::cComponentLocation* remote) noexcept;
 
   char mszFileName[FileNameSize];
   unsigned int miLine;
@@ -126,6 +134,7 @@ private:
   Type meType;
   cAbstractException* mpHistory;
   bool mbOutOfMemory;
+  qcs::cComponentLocation* mpRemoteLocation;
   unsigned int miBacktraceSize;
   std::uintptr_t maBacktrace[BacktraceSize];
 };

@@ -1,0 +1,38 @@
+// A module file could not be loaded or does not provide what was asked of
+// it. Class loaders raise it with the module's file name and a message of
+// their own.
+#ifndef QELCORE_QCS_CMODULELOADEXCEPTION_H
+#define QELCORE_QCS_CMODULELOADEXCEPTION_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/std/texception.h"
+#include "qelcore/ucs/cstring.h"
+
+namespace qcs {
+
+class QEL_EXPORT cModuleLoadException : public qstd::tException<cModuleLoadException, qstd::cRuntimeException> {
+public:
+  static const char* staticTypeName() { return "cModuleLoadException"; }
+
+  enum KindOfProblem : unsigned int {
+    eLoadFailed = 0,     // the system could not load the file
+    eNotProvided = 1,    // the module lacks what was asked of it (no component, no plug-in, no instance)
+    eInvalidModule = 2,  // the file is no module of this framework (a section is missing)
+  };
+
+  cModuleLoadException() : meProblem(eLoadFailed) {}
+  cModuleLoadException(KindOfProblem problem, const qucs::cString& fileName, const qucs::cLIMessage& msg,
+                       const char* file, unsigned int line);
+
+  KindOfProblem problem() const { return meProblem; }
+  const qucs::cString& fileName() const { return mFileName; }
+
+private:
+  KindOfProblem meProblem;
+  qucs::cString mFileName;
+};
+
+}  // namespace qcs
+
+#endif

@@ -1,0 +1,59 @@
+// A slot call or signal connection on a remote interface failed: where (the
+// remote location and interface index, or an interface key) and what (the
+// operation and the slot's or signal's name). Unlike the other exceptions of
+// the library it archives these fields along with its message.
+//
+//   throw qcs::cRMIException(remote, 2, qcs::cRMIException::eCallSlot, "now");
+//   // "Unable to call slot "now" on interface 2!"
+#ifndef QELCORE_QCS_CRMIEXCEPTION_H
+#define QELCORE_QCS_CRMIEXCEPTION_H
+
+#include "qelcore/qcs/ccomponentlocation.h"
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/std/texception.h"
+
+namespace qcs {
+
+class QEL_EXPORT cRMIException : public qstd::tException<cRMIException, qstd::cRuntimeException> {
+public:
+  static const char* staticTypeName() { return "cRMIException"; }
+
+  enum Operation : unsigned int { eCallSlot = 0, eConnectSignal = 1 };
+
+  // A default location (this host and process), index and key 0.
+  cRMIException();
+  // Key 0. "Unable to call slot "%slot%" on interface %idx%!" or "Unable to
+  // connect signal "%signal%" to interface %idx%!"; any other operation
+  // keeps the empty message.
+  cRMIException(const cComponentLocation& location, unsigned int index, Operation operation,
+                const qstd::cAsciiString& name, const char* file = __builtin_FILE(),
+                unsigned int line = __builtin_LINE());
+  // A default location, index 0; the messages name the interface key.
+  cRMIException(unsigned int key, Operation operation, const qstd::cAsciiString& name,
+                const char* file = __builtin_FILE(), unsigned int line = __builtin_LINE());
+
+  const cComponentLocation& location() const { return mLocation; }
+  unsigned int interfaceIndex() const { return miInterfaceIndex; }
+  unsigned int interfaceKey() const { return miInterfaceKey; }
+  Operation operation() const { return meOperation; }
+  const qstd::cAsciiString& signalSlotName() const { return msSignalSlotName; }
+
+  // The runtime exception's part, then the location, index, key and
+  // operation (unsigned 32-bit) and the name.
+  void store(qsa::cAbstractSerializer& s) const override;
+  // Reads the same; the exception changes only when all was read.
+  void load(qsa::cAbstractDeserializer& d) override;
+
+private:
+  cComponentLocation mLocation;
+  unsigned int miInterfaceIndex;
+  unsigned int miInterfaceKey;
+  Operation meOperation;
+  qstd::cAsciiString msSignalSlotName;
+};
+
+}  // namespace qcs
+
+#endif
