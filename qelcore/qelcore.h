@@ -137,16 +137,30 @@
 #include "qelcore/pi/tfdinfo.h"
 #include "qelcore/std/tparentwatch.h"
 
+// pi: the class loader interface
+#include "qelcore/pi/cabstractclassloader.h"
+
+// qce: core extensions
+#include "qelcore/qce/cabstractcoreextension.h"
+#include "qelcore/qce/ccoreextensionmgr.h"
+#include "qelcore/qce/cextensionpair.h"
+
 // qcs: components, interfaces, dependencies, addresses and the module manager
+#include "qelcore/qcs/cabstractinterface.h"
+#include "qelcore/qcs/cabstractinterfaceprovider.h"
+#include "qelcore/qcs/cabstractmodule.h"
 #include "qelcore/qcs/ccomponentaddr.h"
 #include "qelcore/qcs/ccomponentlocation.h"
+#include "qelcore/qcs/cforwardingslotcalln.h"
 #include "qelcore/qcs/cinterfacedesc.h"
 #include "qelcore/qcs/cmatcheddependency.h"
+#include "qelcore/qcs/cmoduleinfo.h"
 #include "qelcore/qcs/cmoduleloadexception.h"
 #include "qelcore/qcs/cnopublicinterfaceexception.h"
 #include "qelcore/qcs/cnosuchmoduleexception.h"
 #include "qelcore/qcs/cqcsexceptionfactory.h"
 #include "qelcore/qcs/cqcsexceptions.h"
+#include "qelcore/qcs/cregisteredinterface.h"
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/cunmatchedinterfaceexception.h"
 

@@ -1,0 +1,10 @@
+#include "qelcore/pi/cabstractclassloader.h"
+
+namespace qpi {
+
+cAbstractClassLoader::cAbstractClassLoader(const qucs::cString& libFileName)
+    : miReferences(0), mLibFileName(libFileName) {}
+
+cAbstractClassLoader::~cAbstractClassLoader() {}
+
+}  // namespace qpi
