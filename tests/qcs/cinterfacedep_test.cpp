@@ -156,6 +156,20 @@ TEST_F(Dependencies, ARemovedProviderInvalidatesAtOnceAndUnbindsInTheOwnersNextR
   EXPECT_EQ(user.mDep.address(), next.address());
 }
 
+TEST_F(Dependencies, AnInvalidMatchIsReplacedByTheNextAnnouncedProviderBeforeTheOwnersRecalculation) {
+  cUser& user = add<cUser>("user");
+  cTestComponent& gone = provider();
+  pump(mMgr);
+  ASSERT_EQ(user.mDep.address(), gone.address());
+  cRecorder recorder(mMgr, mLog);
+  recorder.watch(user.mDep, "user");
+  gone.removeLater();
+  provider("new");  // announced in the same pass, after the removal
+  pump(mMgr);
+  EXPECT_EQ(mLog, (tLog{"added 1:4", "removed 1:3", "unmatched", "matched 1:4", "registered 1:4",
+                        "interface deps changed 1:2"}));
+}
+
 TEST_F(Dependencies, ExplicitBindsOnlyWhereToldAndIsNeverRebound) {
   provider();
   cTestComponent& chosen = provider();

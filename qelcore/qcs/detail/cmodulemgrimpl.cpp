@@ -140,8 +140,11 @@ cModuleMgrImpl::cModuleMgrImpl(cModuleMgr& mgr)
 
 cModuleMgrImpl::~cModuleMgrImpl() {
   mbDying = true;
-  mQueue.removeJob(mComponentWork);
-  mQueue.removeJob(mIdleWork);
+  // The system's queue may have gone first (cSystem::cleanup()).
+  if (qpi::cSystem::exists() && &qpi::system().workQueue() == &mQueue) {
+    mQueue.removeJob(mComponentWork);
+    mQueue.removeJob(mIdleWork);
+  }
   ++miWalkDepth;
   // The components, in list order; owned ones are deleted.
   for (cModuleMgr::tComponents::iterator it = mComponents.begin(); it != mComponents.end(); ++it) {
