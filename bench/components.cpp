@@ -92,9 +92,10 @@ void BM_FirstBestMatching(benchmark::State& state) {
 }
 BENCHMARK(BM_FirstBestMatching)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-// removeAllComponentsNow of n components in one chain, each requiring the
-// previous one: n passes, one removal each.
-void BM_RemoveAllChain(benchmark::State& state) {
+// removeAllComponentsNow of n components, timed alone: in one chain, each
+// requiring the previous one (n passes, one removal each), or independent
+// (one pass).
+void measureRemoveAll(benchmark::State& state, bool chain) {
   qelbench::warmMemory(256 << 20);
   const int n = static_cast<int>(state.range(0));
   qce::cCoreExtensionMgr extensions;
@@ -105,7 +106,7 @@ void BM_RemoveAllChain(benchmark::State& state) {
       cAbstractComponent* previous = nullptr;
       for (int i = 0; i < n; ++i) {
         cAbstractComponent& c = add<cPlain>(mgr);
-        if (previous) c.addLocalRequiredComponent(previous);
+        if (chain && previous) c.addLocalRequiredComponent(previous);
         previous = &c;
       }
       pump(mgr);
@@ -117,27 +118,11 @@ void BM_RemoveAllChain(benchmark::State& state) {
   }
   state.SetItemsProcessed(state.iterations() * n);
 }
+
+void BM_RemoveAllChain(benchmark::State& state) { measureRemoveAll(state, true); }
 BENCHMARK(BM_RemoveAllChain)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-// removeAllComponentsNow of n independent components: one pass.
-void BM_RemoveAllIndependent(benchmark::State& state) {
-  qelbench::warmMemory(256 << 20);
-  const int n = static_cast<int>(state.range(0));
-  qce::cCoreExtensionMgr extensions;
-  for (auto _ : state) {
-    state.PauseTiming();
-    {
-      qcs::cModuleMgr mgr(extensions);
-      for (int i = 0; i < n; ++i) add<cPlain>(mgr);
-      pump(mgr);
-      state.ResumeTiming();
-      mgr.removeAllComponentsNow();
-      state.PauseTiming();
-    }
-    state.ResumeTiming();
-  }
-  state.SetItemsProcessed(state.iterations() * n);
-}
+void BM_RemoveAllIndependent(benchmark::State& state) { measureRemoveAll(state, false); }
 BENCHMARK(BM_RemoveAllIndependent)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 // Reference growth: n inserts into a std::map and its destruction.

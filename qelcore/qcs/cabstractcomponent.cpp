@@ -8,34 +8,18 @@
 
 namespace qcs {
 
-cAbstractComponent::cAbstractComponent(cModuleMgr& mgr)
-    : mpModuleMgr(&mgr),
-      mbComponentDepModified(false),
-      mbToRemove(false),
-      mbInterfaceDepModified(false),
-      mbAnnounced(false),
-      mpData(new detail::cComponentData) {
-  enroll();
-}
+cAbstractComponent::cAbstractComponent(cModuleMgr& mgr) : mpModuleMgr(&mgr) { enroll(); }
 
 cAbstractComponent::cAbstractComponent(cModuleMgr& mgr, qsa::cReferenceFrame& frame)
-    : cAbstractModule(frame),
-      mpModuleMgr(&mgr),
-      mbComponentDepModified(false),
-      mbToRemove(false),
-      mbInterfaceDepModified(false),
-      mbAnnounced(false),
-      mpData(new detail::cComponentData) {
+    : cAbstractModule(frame), mpModuleMgr(&mgr) {
   enroll();
 }
 
 void cAbstractComponent::enroll() {
-  try {
-    mpModuleMgr->impl().memberConstructed(*this);
-  } catch (...) {
-    delete mpData;
-    throw;
-  }
+  qstd::tAutoPtr<detail::cComponentData> data(new detail::cComponentData);
+  mpData = data.get();
+  mpModuleMgr->impl().memberConstructed(*this);
+  data.release();
 }
 
 cAbstractComponent::~cAbstractComponent() {
@@ -106,27 +90,16 @@ bool cAbstractComponent::requiresComponent(const cAbstractComponent* c) const {
   return mpData->mRequired.contains(const_cast<cAbstractComponent*>(c));
 }
 
-void cAbstractComponent::modifyComponentDep() {
-  mbComponentDepModified = true;
+void cAbstractComponent::setFlag(bool& flag, bool on) {
+  flag = on;
   if (mpModuleMgr) mpModuleMgr->impl().flagsChanged(*this);
-  requestPass();
+  if (on) requestPass();
 }
 
-void cAbstractComponent::modifyInterfaceDep() {
-  mbInterfaceDepModified = true;
-  if (mpModuleMgr) mpModuleMgr->impl().flagsChanged(*this);
-  requestPass();
-}
-
-void cAbstractComponent::resetComponentDepModification() {
-  mbComponentDepModified = false;
-  if (mpModuleMgr) mpModuleMgr->impl().flagsChanged(*this);
-}
-
-void cAbstractComponent::resetInterfaceDepModification() {
-  mbInterfaceDepModified = false;
-  if (mpModuleMgr) mpModuleMgr->impl().flagsChanged(*this);
-}
+void cAbstractComponent::modifyComponentDep() { setFlag(mbComponentDepModified, true); }
+void cAbstractComponent::modifyInterfaceDep() { setFlag(mbInterfaceDepModified, true); }
+void cAbstractComponent::resetComponentDepModification() { setFlag(mbComponentDepModified, false); }
+void cAbstractComponent::resetInterfaceDepModification() { setFlag(mbInterfaceDepModified, false); }
 
 void cAbstractComponent::addInterfaceDep(cInterfaceDep* dep) {
   mpData->mDeps.append(dep);

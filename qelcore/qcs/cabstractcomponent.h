@@ -135,17 +135,19 @@ private:
   void recalcInterfaceDeps();
   void requestPass();
   void enroll();
+  // Sets a modification flag; setting it asks for a pass.
+  void setFlag(bool& flag, bool on);
 
   cModuleMgr* mpModuleMgr;  // null once the manager is gone
   cComponentAddr mAddress;
   cComponentAddr mDeployedBy;
-  bool mbComponentDepModified;
+  bool mbComponentDepModified = false;
   cComponentLocation mLocation;
-  bool mbToRemove;
-  bool mbInterfaceDepModified;
-  bool mbAnnounced;
+  bool mbToRemove = false;
+  bool mbInterfaceDepModified = false;
+  bool mbAnnounced = false;
   // The lists and the manager's bookkeeping.
-  detail::cComponentData* mpData;
+  detail::cComponentData* mpData = nullptr;
 };
 
 }  // namespace qcs

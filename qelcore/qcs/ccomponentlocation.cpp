@@ -54,30 +54,6 @@ cComponentLocation::cComponentLocation(const cComponentAddr& address, const qstd
 
 cComponentLocation::cComponentLocation(const qstd::cAsciiString& text) : miPid(0) { fromString(text); }
 
-cComponentLocation::cComponentLocation(const cComponentLocation& other)
-    : mAddress(other.mAddress), msHostName(other.msHostName), msLocalId(other.msLocalId), miPid(other.miPid) {}
-
-cComponentLocation::cComponentLocation(cComponentLocation&& other) noexcept
-    : mAddress(other.mAddress),
-      msHostName(std::move(other.msHostName)),
-      msLocalId(std::move(other.msLocalId)),
-      miPid(other.miPid) {}
-
-cComponentLocation& cComponentLocation::operator=(const cComponentLocation& other) {
-  if (this != &other) {
-    cComponentLocation copy(other);
-    swap(copy);
-  }
-  return *this;
-}
-
-cComponentLocation& cComponentLocation::operator=(cComponentLocation&& other) noexcept {
-  swap(other);
-  return *this;
-}
-
-cComponentLocation::~cComponentLocation() {}
-
 void cComponentLocation::swap(cComponentLocation& other) noexcept {
   mAddress.swap(other.mAddress);
   msHostName.swap(other.msHostName);

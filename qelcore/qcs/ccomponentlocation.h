@@ -29,11 +29,10 @@ public:
                      const qstd::cAsciiString& localId, unsigned int pid);
   // Empty fields and pid 0, then fromString(text).
   explicit cComponentLocation(const qstd::cAsciiString& text);
-  cComponentLocation(const cComponentLocation& other);
-  cComponentLocation(cComponentLocation&& other) noexcept;
-  cComponentLocation& operator=(const cComponentLocation& other);
-  cComponentLocation& operator=(cComponentLocation&& other) noexcept;
-  ~cComponentLocation();
+  cComponentLocation(const cComponentLocation& other) = default;
+  cComponentLocation(cComponentLocation&& other) noexcept = default;
+  cComponentLocation& operator=(const cComponentLocation& other) = default;
+  cComponentLocation& operator=(cComponentLocation&& other) noexcept = default;
   void swap(cComponentLocation& other) noexcept;
 
   const cComponentAddr& address() const { return mAddress; }

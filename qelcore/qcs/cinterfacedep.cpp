@@ -11,27 +11,15 @@ namespace qcs {
 
 cInterfaceDep::cInterfaceDep(cAbstractComponent& owner, const cInterfaceDesc& desc, cAbstractInterface* localInterface,
                              selectionAlgo algorithm)
-    : mpOwner(&owner),
-      mpModuleMgr(&owner.moduleMgr()),
-      mDesc(desc),
-      meAlgorithm(algorithm),
-      miState(0),
-      mpLocalInterface(localInterface),
-      mpEntry(nullptr) {
-  sigMatched.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
-  sigUnmatched.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
-  mpModuleMgr->impl().dependencyConstructed(*this);
-  try {
-    owner.addInterfaceDep(this);
-  } catch (...) {
-    mpModuleMgr->impl().dependencyDestroyed(*this);
-    throw;
-  }
-}
+    : cInterfaceDep(&owner, owner.moduleMgr(), desc, localInterface, algorithm) {}
 
 cInterfaceDep::cInterfaceDep(cModuleMgr& mgr, const cInterfaceDesc& desc, cAbstractInterface* localInterface,
                              selectionAlgo algorithm)
-    : mpOwner(nullptr),
+    : cInterfaceDep(nullptr, mgr, desc, localInterface, algorithm) {}
+
+cInterfaceDep::cInterfaceDep(cAbstractComponent* owner, cModuleMgr& mgr, const cInterfaceDesc& desc,
+                             cAbstractInterface* localInterface, selectionAlgo algorithm)
+    : mpOwner(owner),
       mpModuleMgr(&mgr),
       mDesc(desc),
       meAlgorithm(algorithm),
@@ -40,7 +28,14 @@ cInterfaceDep::cInterfaceDep(cModuleMgr& mgr, const cInterfaceDesc& desc, cAbstr
       mpEntry(nullptr) {
   sigMatched.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigUnmatched.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
-  mpModuleMgr->impl().dependencyConstructed(*this);
+  mgr.impl().dependencyConstructed(*this);
+  if (!owner) return;
+  try {
+    owner->addInterfaceDep(this);  // last: it schedules the owner's recalculation
+  } catch (...) {
+    mgr.impl().dependencyDestroyed(*this);
+    throw;
+  }
 }
 
 cInterfaceDep::~cInterfaceDep() {

@@ -96,6 +96,8 @@ private:
   friend class cModuleMgrImpl;
   friend class detail::cDependencyGroup;
 
+  cInterfaceDep(cAbstractComponent* owner, cModuleMgr& mgr, const cInterfaceDesc& desc,
+                cAbstractInterface* localInterface, selectionAlgo algorithm);
   qsa::piVoid sltComponentRegistered(cAbstractComponent& c);
   qsa::piVoid sltComponentRemoved(cAbstractComponent& c);
   void recalc(cAbstractComponent& c);

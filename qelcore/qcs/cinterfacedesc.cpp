@@ -14,23 +14,6 @@ cInterfaceDesc::cInterfaceDesc(InterfaceType type, const qstd::cAsciiString& nam
                                unsigned int version, const qstd::cAsciiString& description)
     : meType(type), msName(name), msAuthor(author), miVersion(version), msDescription(description) {}
 
-cInterfaceDesc::cInterfaceDesc(const cInterfaceDesc& other)
-    : meType(other.meType),
-      msName(other.msName),
-      msAuthor(other.msAuthor),
-      miVersion(other.miVersion),
-      msDescription(other.msDescription) {}
-
-cInterfaceDesc& cInterfaceDesc::operator=(const cInterfaceDesc& other) {
-  if (this != &other) {
-    cInterfaceDesc copy(other);
-    swap(copy);
-  }
-  return *this;
-}
-
-cInterfaceDesc::~cInterfaceDesc() {}
-
 void cInterfaceDesc::swap(cInterfaceDesc& other) {
   std::swap(meType, other.meType);
   msName.swap(other.msName);

@@ -29,9 +29,8 @@ public:
   cInterfaceDesc();
   cInterfaceDesc(InterfaceType type, const qstd::cAsciiString& name, const qstd::cAsciiString& author,
                  unsigned int version, const qstd::cAsciiString& description);
-  cInterfaceDesc(const cInterfaceDesc& other);
-  cInterfaceDesc& operator=(const cInterfaceDesc& other);
-  ~cInterfaceDesc();
+  cInterfaceDesc(const cInterfaceDesc& other) = default;
+  cInterfaceDesc& operator=(const cInterfaceDesc& other) = default;
   void swap(cInterfaceDesc& other);
 
   InterfaceType type() const { return meType; }

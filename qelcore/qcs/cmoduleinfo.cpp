@@ -9,23 +9,6 @@ namespace qcs {
 
 cModuleInfo::cModuleInfo() {}
 
-cModuleInfo::cModuleInfo(const cModuleInfo& other)
-    : msName(other.msName),
-      msAuthor(other.msAuthor),
-      msDescription(other.msDescription),
-      mBuildInfo(other.mBuildInfo),
-      msContext(other.msContext) {}
-
-cModuleInfo& cModuleInfo::operator=(const cModuleInfo& other) {
-  if (this != &other) {
-    cModuleInfo copy(other);
-    swap(copy);
-  }
-  return *this;
-}
-
-cModuleInfo::~cModuleInfo() {}
-
 void cModuleInfo::swap(cModuleInfo& other) {
   msName.swap(other.msName);
   msAuthor.swap(other.msAuthor);

@@ -18,9 +18,8 @@ namespace qcs {
 class QEL_EXPORT cModuleInfo {
 public:
   cModuleInfo();
-  cModuleInfo(const cModuleInfo& other);
-  cModuleInfo& operator=(const cModuleInfo& other);
-  ~cModuleInfo();
+  cModuleInfo(const cModuleInfo& other) = default;
+  cModuleInfo& operator=(const cModuleInfo& other) = default;
   void swap(cModuleInfo& other);
 
   void setName(const qstd::cAsciiString& name) { msName = name; }

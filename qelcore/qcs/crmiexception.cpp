@@ -5,34 +5,41 @@
 
 namespace qcs {
 
+namespace {
+
+// The text for the operation, filled with the name and the interface's index
+// or key; empty for an operation that does not exist.
+qucs::cLIMessage describe(cRMIException::Operation operation, const char* callText, const char* connectText,
+                          const qstd::cAsciiString& name, unsigned int which) {
+  if (operation == cRMIException::eCallSlot) return qucs::cLIMessage(callText) << name << which;
+  if (operation == cRMIException::eConnectSignal) return qucs::cLIMessage(connectText) << name << which;
+  return qucs::cLIMessage();
+}
+
+}  // namespace
+
 cRMIException::cRMIException() : miInterfaceIndex(0), miInterfaceKey(0), meOperation(eCallSlot) {}
 
 cRMIException::cRMIException(const cComponentLocation& location, unsigned int index, Operation operation,
                              const qstd::cAsciiString& name, const char* file, unsigned int line)
-    : tException(qucs::cLIMessage(), file, line),
+    : tException(describe(operation, "$QTR$Unable to call slot \"%slot%\" on interface %idx%!",
+                          "$QTR$Unable to connect signal \"%signal%\" to interface %idx%!", name, index),
+                 file, line),
       mLocation(location),
       miInterfaceIndex(index),
       miInterfaceKey(0),
       meOperation(operation),
-      msSignalSlotName(name) {
-  if (operation == eCallSlot)
-    setMsg(qucs::cLIMessage("$QTR$Unable to call slot \"%slot%\" on interface %idx%!") << name << index);
-  else if (operation == eConnectSignal)
-    setMsg(qucs::cLIMessage("$QTR$Unable to connect signal \"%signal%\" to interface %idx%!") << name << index);
-}
+      msSignalSlotName(name) {}
 
 cRMIException::cRMIException(unsigned int key, Operation operation, const qstd::cAsciiString& name, const char* file,
                              unsigned int line)
-    : tException(qucs::cLIMessage(), file, line),
+    : tException(describe(operation, "$QTR$Unable to call slot \"%slot%\" on interface key %key%!",
+                          "$QTR$Unable to connect signal \"%signal%\" to interface key %key%!", name, key),
+                 file, line),
       miInterfaceIndex(0),
       miInterfaceKey(key),
       meOperation(operation),
-      msSignalSlotName(name) {
-  if (operation == eCallSlot)
-    setMsg(qucs::cLIMessage("$QTR$Unable to call slot \"%slot%\" on interface key %key%!") << name << key);
-  else if (operation == eConnectSignal)
-    setMsg(qucs::cLIMessage("$QTR$Unable to connect signal \"%signal%\" to interface key %key%!") << name << key);
-}
+      msSignalSlotName(name) {}
 
 void cRMIException::store(qsa::cAbstractSerializer& s) const {
   cRuntimeException::store(s);

@@ -14,6 +14,7 @@ using qcs::cComponentAddr;
 using qcs::cComponentLocation;
 using qcs::cInterfaceDep;
 using qcstest::cRecorder;
+using qcstest::cTagLog;
 using qcstest::cTestComponent;
 using qcstest::cUser;
 using qcstest::pump;
@@ -41,25 +42,6 @@ protected:
     p.offer();
     return p;
   }
-};
-
-// Logs one dependency's signals under a tag.
-class cTagLog : public qrmi::cConnectable {
-public:
-  cTagLog(cInterfaceDep& dep, const std::string& tag, tLog& log) : msTag(tag), mLog(log) {
-    dep.sigMatched.connect(*this, &cTagLog::sltMatched);
-    dep.sigUnmatched.connect(*this, &cTagLog::sltUnmatched);
-  }
-  qsa::piVoid sltMatched(const cComponentAddr& a) {
-    mLog.push_back(msTag + " matched " + a.toString().c_str());
-    return qsa::piVoid();
-  }
-  qsa::piVoid sltUnmatched() {
-    mLog.push_back(msTag + " unmatched");
-    return qsa::piVoid();
-  }
-  std::string msTag;
-  tLog& mLog;
 };
 
 }  // namespace

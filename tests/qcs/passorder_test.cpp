@@ -14,30 +14,13 @@
 using qcs::cAbstractComponent;
 using qcs::cComponentAddr;
 using qcs::cInterfaceDep;
+using qcstest::cTagLog;
 using qcstest::cTestComponent;
 using qstd::tAutoPtr;
 
 namespace {
 
 typedef std::vector<std::string> tLog;
-
-class cTagLog : public qrmi::cConnectable {
-public:
-  cTagLog(cInterfaceDep& dep, const std::string& tag, tLog& log) : msTag(tag), mLog(log) {
-    dep.sigMatched.connect(*this, &cTagLog::sltMatched);
-    dep.sigUnmatched.connect(*this, &cTagLog::sltUnmatched);
-  }
-  qsa::piVoid sltMatched(const cComponentAddr& a) {
-    mLog.push_back(msTag + " matched " + a.toString().c_str());
-    return qsa::piVoid();
-  }
-  qsa::piVoid sltUnmatched() {
-    mLog.push_back(msTag + " unmatched");
-    return qsa::piVoid();
-  }
-  std::string msTag;
-  tLog& mLog;
-};
 
 // A component that leaves the test's list of live components when it dies,
 // with one optional dependency.

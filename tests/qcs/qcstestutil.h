@@ -18,24 +18,19 @@
 #include "qelcore/std/casciistring.h"
 #include "qelcore/ucs/climessage.h"
 
+#include "support/exceptiontext.h"
+
 namespace qcstest {
 
 using qcs::cInterfaceDesc;
 using qsa::piVoid;
 
-inline std::string textOf(const qstd::cAbstractException& e) {
-  qstd::cAsciiString text;
-  if (e.liMessage()) e.liMessage()->untranslated(text);
-  return text.c_str();
-}
+using qeltest::textOf;
 
 // The messages of the whole chain, outermost first, joined by " / ".
 inline std::string chainOf(const qstd::cAbstractException& e) {
   std::string all;
-  for (const qstd::cAbstractException* p = &e; p; p = p->history()) {
-    if (!all.empty()) all += " / ";
-    all += textOf(*p);
-  }
+  for (const std::string& text : qeltest::chainOf(e)) all += (all.empty() ? "" : " / ") + text;
   return all;
 }
 
@@ -180,6 +175,27 @@ private:
   std::vector<std::string>& mLog;
   std::vector<std::string> mNames;
   std::vector<qcs::cInterfaceDep*> mDeps;
+};
+
+// Logs one dependency's signals under a tag.
+class cTagLog : public qrmi::cConnectable {
+public:
+  cTagLog(qcs::cInterfaceDep& dep, const std::string& tag, std::vector<std::string>& log) : msTag(tag), mLog(log) {
+    dep.sigMatched.connect(*this, &cTagLog::sltMatched);
+    dep.sigUnmatched.connect(*this, &cTagLog::sltUnmatched);
+  }
+  piVoid sltMatched(const qcs::cComponentAddr& a) {
+    mLog.push_back(msTag + " matched " + a.toString().c_str());
+    return piVoid();
+  }
+  piVoid sltUnmatched() {
+    mLog.push_back(msTag + " unmatched");
+    return piVoid();
+  }
+
+private:
+  std::string msTag;
+  std::vector<std::string>& mLog;
 };
 
 // Runs the system's work queue until the manager asks for no further pass

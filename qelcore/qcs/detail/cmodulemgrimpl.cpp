@@ -614,6 +614,13 @@ qstd::tAutoPtr<qstd::cAbstractException> cModuleMgrImpl::createRemoteException(c
 
 // --- dependencies -------------------------------------------------------------------
 
+// Groups are not deleted while one of them dispatches.
+struct detail::cDependencyGroup::cDispatch {
+  explicit cDispatch(cModuleMgrImpl& impl) : mImpl(impl) { ++mImpl.miDispatchDepth; }
+  ~cDispatch() { --mImpl.miDispatchDepth; }
+  cModuleMgrImpl& mImpl;
+};
+
 detail::cDependencyGroup::cDependencyGroup(cModuleMgrImpl& impl, bool removed)
     : mImpl(impl), mbRemoved(removed), miMembers(0) {}
 
@@ -755,11 +762,7 @@ cComponentEntry* cModuleMgrImpl::nextToRecalc(const cInterfaceDep& dep, const cC
 }
 
 qsa::piVoid detail::cDependencyGroup::sltRegistered(cAbstractComponent& c) {
-  struct cDispatch {
-    explicit cDispatch(cModuleMgrImpl& impl) : mImpl(impl) { ++mImpl.miDispatchDepth; }
-    ~cDispatch() { --mImpl.miDispatchDepth; }
-    cModuleMgrImpl& mImpl;
-  } dispatch(mImpl);
+  cDispatch dispatch(mImpl);
   cModuleMgrImpl::cWalk walk(mImpl);
   cComponentEntry* ce = cModuleMgrImpl::entryOf(c);
   tSeq cursor = 0;
@@ -782,11 +785,7 @@ qsa::piVoid detail::cDependencyGroup::sltRegistered(cAbstractComponent& c) {
 }
 
 qsa::piVoid detail::cDependencyGroup::sltRemoved(cAbstractComponent& c) {
-  struct cDispatch {
-    explicit cDispatch(cModuleMgrImpl& impl) : mImpl(impl) { ++mImpl.miDispatchDepth; }
-    ~cDispatch() { --mImpl.miDispatchDepth; }
-    cModuleMgrImpl& mImpl;
-  } dispatch(mImpl);
+  cDispatch dispatch(mImpl);
   const std::size_t key = cModuleMgrImpl::locationKey(c.location());
   tSeq cursor = 0;
   for (;;) {

@@ -112,6 +112,9 @@ public:
   std::unordered_map<qstd::cAsciiString, tDependencies, cAsciiHash> mWaiting;
   // Removed side: dependencies by the key of their matched location.
   std::unordered_map<std::size_t, tDependencies> mByLocation;
+
+private:
+  struct cDispatch;
 };
 
 struct cDependencyEntry {
