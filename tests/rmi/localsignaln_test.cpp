@@ -56,6 +56,8 @@ TEST(LocalSignalEmission, UnconnectedSignalThrowsOrReturnsDefault) {
   } catch (const qrmi::cUnconnectedSignalException& e) {
     EXPECT_EQ(textOf(e), "Call of an unconnected signal");
     EXPECT_EQ(std::string(e.typeName().c_str()), "cUnconnectedSignalException");
+    // Raised where the emission found no slot.
+    EXPECT_STREQ(e.sourceFileName(), "qelcore/rmi/localsignaln.h");
   }
   EXPECT_EQ(sig.emissionDepth(), 0u);
   sig.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
