@@ -78,6 +78,10 @@ void cRMIExceptions::throwParameterMissmatch(const cPublicSlot* slot, const qstd
   throw e;
 }
 
+void cRMIExceptions::throwSignalAlreadyPublic(qstd::cCallSite at) {
+  throw qstd::cBugException(cLIMessage("$QTR$Signal is already a public one!"), at.file, at.line);
+}
+
 void cRMIExceptions::throwNotPublicSignal(qstd::cCallSite at) {
   throw qstd::cBugException(cLIMessage("$QTR$Signal is not a public one!"), at.file, at.line);
 }

@@ -40,6 +40,8 @@ public:
   [[noreturn]] static void throwParameterMissmatch(const cPublicSlot* slot, const qstd::cAbstractException& cause,
                                                    qstd::cCallSite at = qstd::cCallSite::here());
   // Bug exceptions "Signal is not a public one!" / "Slot is not a public one!".
+  // Bug exception "Signal is already a public one!" (a second export).
+  [[noreturn]] static void throwSignalAlreadyPublic(qstd::cCallSite at = qstd::cCallSite::here());
   [[noreturn]] static void throwNotPublicSignal(qstd::cCallSite at = qstd::cCallSite::here());
   [[noreturn]] static void throwNotPublicSlot(qstd::cCallSite at = qstd::cCallSite::here());
 };
