@@ -59,16 +59,13 @@ public:
   // signal). The same pair may be connected more than once.
   template <class T>
   tSlotCall& connect(T& object, R (T::*method)(A...)) {
-    return connect(qstd::tAutoPtr<tSlotCall>(new cDirectLocalSlotCallN<T, R, A...>(object, method, this)));
+    return take(new cDirectLocalSlotCallN<T, R, A...>(object, method, this));
   }
   // Takes over a slot call created elsewhere (for example one that calls a
   // public slot by name), whichever signal it was made for.
   tSlotCall& connect(qstd::tAutoPtr<tSlotCall> slot) {
     QEL_ASSERT(slot.get() != 0, "rmi/localsignaln");
-    mvSlots.reserve(mvSlots.size() + 1);
-    adopt(*slot);
-    mvSlots.push_back(slot.get());
-    return *slot.release();
+    return take(slot.release());
   }
 
   bool disconnectObject(const cConnectable& object) override { return removeSlotsOf(object); }
@@ -171,6 +168,18 @@ private:
     localSignalN& mSignal;
     cEmissionLink& mLink;
   };
+  // Stores `call` (owned from here on) as the last connection.
+  tSlotCall& take(tSlotCall* call) {
+    try {
+      mvSlots.reserve(mvSlots.size() + 1);
+      adopt(*call);
+    } catch (...) {
+      delete call;
+      throw;
+    }
+    mvSlots.push_back(call);
+    return *call;
+  }
   bool removeSlotsOf(const cConnectable& object) {
     bool removed = false;
     for (tSlotCall*& call : mvSlots)
