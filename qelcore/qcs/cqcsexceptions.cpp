@@ -16,65 +16,63 @@ using qstd::cRuntimeException;
 using qucs::cLIMessage;
 
 void cQCSExceptions::throwNoSuchInterface(const qstd::cAsciiString& name, const qstd::cAbstractException* cause,
-                                          const char* file, unsigned int line) {
-  cRuntimeException e(cLIMessage("$QTR$No such interface (\"%interface%\")!") << name, file, line);
+                                          qstd::cCallSite at) {
+  cRuntimeException e(cLIMessage("$QTR$No such interface (\"%interface%\")!") << name, at.file, at.line);
   if (cause) e.link(*cause);
   throw e;
 }
 
-void cQCSExceptions::throwComponentIdNotUnique(unsigned int id, const char* file, unsigned int line) {
-  throw cRuntimeException(cLIMessage("$QTR$Component id (%id%) not unique!") << id, file, line);
+void cQCSExceptions::throwComponentIdNotUnique(unsigned int id, qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Component id (%id%) not unique!") << id, at.file, at.line);
 }
 
-void cQCSExceptions::throwInterfaceLoadError(const qstd::cAsciiString& name, const char* file, unsigned int line) {
-  throw cRuntimeException(cLIMessage("$QTR$Unable to deserialize interface description of \"%name%\"!") << name, file,
-                          line);
+void cQCSExceptions::throwInterfaceLoadError(const qstd::cAsciiString& name, qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Unable to deserialize interface description of \"%name%\"!") << name,
+                          at.file, at.line);
 }
 
-void cQCSExceptions::throwNoCoreExtension(const qucs::cString& name, const char* file, unsigned int line) {
+void cQCSExceptions::throwNoCoreExtension(const qucs::cString& name, qstd::cCallSite at) {
   throw cRuntimeException(cLIMessage("$QTR$Module (\"%name%\") does not provide core extension functionality.") << name,
-                          file, line);
+                          at.file, at.line);
 }
 
-void cQCSExceptions::throwNoSuchModule(const cComponentAddr& address, const char* file, unsigned int line) {
-  throw cNoSuchModuleException(address, file, line);
+void cQCSExceptions::throwNoSuchModule(const cComponentAddr& address, qstd::cCallSite at) {
+  throw cNoSuchModuleException(address, at.file, at.line);
 }
 
-void cQCSExceptions::throwNoSuchModule(const cComponentLocation& location, const char* file, unsigned int line) {
-  throw cNoSuchModuleException(location, file, line);
+void cQCSExceptions::throwNoSuchModule(const cComponentLocation& location, qstd::cCallSite at) {
+  throw cNoSuchModuleException(location, at.file, at.line);
 }
 
-void cQCSExceptions::throwNoSuchModule(const qstd::cAsciiString& name, const char* file, unsigned int line) {
-  throw cNoSuchModuleException(name, file, line);
+void cQCSExceptions::throwNoSuchModule(const qstd::cAsciiString& name, qstd::cCallSite at) {
+  throw cNoSuchModuleException(name, at.file, at.line);
 }
 
-void cQCSExceptions::throwNoPublicInterface(const qrmi::cConnectable&, const char* file, unsigned int line) {
-  throw cNoPublicInterfaceException(file, line);
+void cQCSExceptions::throwNoPublicInterface(const qrmi::cConnectable&, qstd::cCallSite at) {
+  throw cNoPublicInterfaceException(at.file, at.line);
 }
 
-void cQCSExceptions::throwUnmatchedInterface(const char* file, unsigned int line) {
-  throw cUnmatchedInterfaceException(file, line);
+void cQCSExceptions::throwUnmatchedInterface(qstd::cCallSite at) {
+  throw cUnmatchedInterfaceException(at.file, at.line);
 }
 
-void cQCSExceptions::throwExpectingColon(const char* file, unsigned int line) {
-  throw cRuntimeException(cLIMessage("$QTR$Expecting \":\"!"), file, line);
+void cQCSExceptions::throwExpectingColon(qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Expecting \":\"!"), at.file, at.line);
 }
 
 void cQCSExceptions::throwMalformedComponentAddress(const qstd::cAsciiString& text,
-                                                    const qstd::cAbstractException& cause, const char* file,
-                                                    unsigned int line) {
-  cRuntimeException e(cLIMessage("$QTR$Malformed component address (\"%addr%\")!") << text, file, line);
+                                                    const qstd::cAbstractException& cause, qstd::cCallSite at) {
+  cRuntimeException e(cLIMessage("$QTR$Malformed component address (\"%addr%\")!") << text, at.file, at.line);
   e.link(cause);
   throw e;
 }
 
-void cQCSExceptions::throwNoApplication(const char* file, unsigned int line) {
-  throw cRuntimeException(cLIMessage("$QTR$No application object set!"), file, line);
+void cQCSExceptions::throwNoApplication(qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$No application object set!"), at.file, at.line);
 }
 
-void cQCSExceptions::throwUnknownRemoteException(const qstd::cAsciiString& typeName, const char* file,
-                                                 unsigned int line) {
-  throw cRuntimeException(cLIMessage("$QTR$Unknown remote exception of type %type%!") << typeName, file, line);
+void cQCSExceptions::throwUnknownRemoteException(const qstd::cAsciiString& typeName, qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Unknown remote exception of type %type%!") << typeName, at.file, at.line);
 }
 
 }  // namespace qcs

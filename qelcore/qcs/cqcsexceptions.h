@@ -5,6 +5,7 @@
 #define QELCORE_QCS_CQCSEXCEPTIONS_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/std/ccallsite.h"
 
 namespace qstd {
 class cAsciiString;
@@ -22,42 +23,46 @@ namespace qcs {
 class cComponentAddr;
 class cComponentLocation;
 
-#define QEL_QCS_WHERE const char *file = __builtin_FILE(), unsigned int line = __builtin_LINE()
-
 class QEL_EXPORT cQCSExceptions {
 public:
   // Runtime exception "No such interface ("%interface%")!", `cause` linked
   // when given.
   [[noreturn]] static void throwNoSuchInterface(const qstd::cAsciiString& name, const qstd::cAbstractException* cause,
-                                                QEL_QCS_WHERE);
+                                                qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "Component id (%id%) not unique!".
-  [[noreturn]] static void throwComponentIdNotUnique(unsigned int id, QEL_QCS_WHERE);
+  [[noreturn]] static void throwComponentIdNotUnique(unsigned int id, qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "Unable to deserialize interface description of "%name%"!".
-  [[noreturn]] static void throwInterfaceLoadError(const qstd::cAsciiString& name, QEL_QCS_WHERE);
+  [[noreturn]] static void throwInterfaceLoadError(const qstd::cAsciiString& name,
+                                                   qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "Module ("%name%") does not provide core extension functionality.".
-  [[noreturn]] static void throwNoCoreExtension(const qucs::cString& name, QEL_QCS_WHERE);
+  [[noreturn]] static void throwNoCoreExtension(const qucs::cString& name,
+                                                qstd::cCallSite at = qstd::cCallSite::here());
   // cNoSuchModuleException "Module (%addr%) not found!" with the key's text.
-  [[noreturn]] static void throwNoSuchModule(const cComponentAddr& address, QEL_QCS_WHERE);
-  [[noreturn]] static void throwNoSuchModule(const cComponentLocation& location, QEL_QCS_WHERE);
-  [[noreturn]] static void throwNoSuchModule(const qstd::cAsciiString& name, QEL_QCS_WHERE);
+  [[noreturn]] static void throwNoSuchModule(const cComponentAddr& address,
+                                             qstd::cCallSite at = qstd::cCallSite::here());
+  [[noreturn]] static void throwNoSuchModule(const cComponentLocation& location,
+                                             qstd::cCallSite at = qstd::cCallSite::here());
+  [[noreturn]] static void throwNoSuchModule(const qstd::cAsciiString& name,
+                                             qstd::cCallSite at = qstd::cCallSite::here());
   // cNoPublicInterfaceException "No public interface!".
-  [[noreturn]] static void throwNoPublicInterface(const qrmi::cConnectable& object, QEL_QCS_WHERE);
+  [[noreturn]] static void throwNoPublicInterface(const qrmi::cConnectable& object,
+                                                  qstd::cCallSite at = qstd::cCallSite::here());
 
   // cUnmatchedInterfaceException "Unmatched interface!".
-  [[noreturn]] static void throwUnmatchedInterface(QEL_QCS_WHERE);
+  [[noreturn]] static void throwUnmatchedInterface(qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "Expecting ":"!" (the cause of a malformed address).
-  [[noreturn]] static void throwExpectingColon(QEL_QCS_WHERE);
+  [[noreturn]] static void throwExpectingColon(qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "Malformed component address ("%addr%")!" with `cause`
   // linked.
   [[noreturn]] static void throwMalformedComponentAddress(const qstd::cAsciiString& text,
-                                                          const qstd::cAbstractException& cause, QEL_QCS_WHERE);
+                                                          const qstd::cAbstractException& cause,
+                                                          qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "No application object set!".
-  [[noreturn]] static void throwNoApplication(QEL_QCS_WHERE);
+  [[noreturn]] static void throwNoApplication(qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "Unknown remote exception of type %type%!".
-  [[noreturn]] static void throwUnknownRemoteException(const qstd::cAsciiString& typeName, QEL_QCS_WHERE);
+  [[noreturn]] static void throwUnknownRemoteException(const qstd::cAsciiString& typeName,
+                                                       qstd::cCallSite at = qstd::cCallSite::here());
 };
-
-#undef QEL_QCS_WHERE
 
 }  // namespace qcs
 

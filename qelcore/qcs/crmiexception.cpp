@@ -21,21 +21,20 @@ qucs::cLIMessage describe(cRMIException::Operation operation, const char* callTe
 cRMIException::cRMIException() : miInterfaceIndex(0), miInterfaceKey(0), meOperation(eCallSlot) {}
 
 cRMIException::cRMIException(const cComponentLocation& location, unsigned int index, Operation operation,
-                             const qstd::cAsciiString& name, const char* file, unsigned int line)
+                             const qstd::cAsciiString& name, qstd::cCallSite at)
     : tException(describe(operation, "$QTR$Unable to call slot \"%slot%\" on interface %idx%!",
                           "$QTR$Unable to connect signal \"%signal%\" to interface %idx%!", name, index),
-                 file, line),
+                 at.file, at.line),
       mLocation(location),
       miInterfaceIndex(index),
       miInterfaceKey(0),
       meOperation(operation),
       msSignalSlotName(name) {}
 
-cRMIException::cRMIException(unsigned int key, Operation operation, const qstd::cAsciiString& name, const char* file,
-                             unsigned int line)
+cRMIException::cRMIException(unsigned int key, Operation operation, const qstd::cAsciiString& name, qstd::cCallSite at)
     : tException(describe(operation, "$QTR$Unable to call slot \"%slot%\" on interface key %key%!",
                           "$QTR$Unable to connect signal \"%signal%\" to interface key %key%!", name, key),
-                 file, line),
+                 at.file, at.line),
       miInterfaceIndex(0),
       miInterfaceKey(key),
       meOperation(operation),

@@ -11,6 +11,7 @@
 #include "qelcore/qcs/ccomponentlocation.h"
 #include "qelcore/qelexport.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/ccallsite.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/std/texception.h"
 
@@ -28,11 +29,10 @@ public:
   // connect signal "%signal%" to interface %idx%!"; any other operation
   // keeps the empty message.
   cRMIException(const cComponentLocation& location, unsigned int index, Operation operation,
-                const qstd::cAsciiString& name, const char* file = __builtin_FILE(),
-                unsigned int line = __builtin_LINE());
+                const qstd::cAsciiString& name, qstd::cCallSite at = qstd::cCallSite::here());
   // A default location, index 0; the messages name the interface key.
   cRMIException(unsigned int key, Operation operation, const qstd::cAsciiString& name,
-                const char* file = __builtin_FILE(), unsigned int line = __builtin_LINE());
+                qstd::cCallSite at = qstd::cCallSite::here());
 
   const cComponentLocation& location() const { return mLocation; }
   unsigned int interfaceIndex() const { return miInterfaceIndex; }
