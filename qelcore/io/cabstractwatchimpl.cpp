@@ -1,0 +1,7 @@
+#include "qelcore/io/cabstractwatchimpl.h"
+
+namespace qio {
+
+cAbstractWatchImpl::~cAbstractWatchImpl() {}
+
+}  // namespace qio

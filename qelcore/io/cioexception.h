@@ -1,0 +1,81 @@
+// A file operation failed: the file or directory is missing, access was
+// refused, the disk is full, a name is invalid, the file is not open...
+//
+// Besides the message it keeps what a program needs to react: the kind of
+// failure (so that callers can tell a missing file from a refused one
+// without parsing texts), the operation ("open", "write", "rename", ...),
+// the path, the system's error code (0 when the failure did not come from
+// the operating system) and the system's text for it.
+//
+//   try {
+//     qio::cFile f("settings.ini", qio::cFile::Read);
+//     ...
+//   } catch (const qio::cIOException& e) {
+//     if (e.kind() != qio::cIOException::NotFound) throw;
+//     // no settings yet: use the defaults
+//   }
+#ifndef QELCORE_IO_CIOEXCEPTION_H
+#define QELCORE_IO_CIOEXCEPTION_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/ucs/cstring.h"
+
+namespace qio {
+
+class QEL_EXPORT cIOException : public qstd::cRuntimeException {
+public:
+  enum Kind {
+    Other = 0,
+    NotFound = 1,           // no such file or directory
+    PermissionDenied = 2,   // access refused
+    AlreadyExists = 3,      // the target exists (exclusive create, rename without replace)
+    NotADirectory = 4,      // a directory was expected
+    IsADirectory = 5,       // a file was expected
+    DirectoryNotEmpty = 6,  // a directory to remove still has entries
+    NoSpace = 7,            // the disk (or the in-memory file system) is full
+    InvalidName = 8,        // the name cannot be used on this file system
+    CrossDevice = 9,        // a rename between two file systems
+    NotOpen = 10,           // an operation through a closed file
+    Unsupported = 11,       // the file system cannot do this
+    UnexpectedEnd = 12      // a read needed more bytes than the file has
+  };
+
+  cIOException();
+  // The message reads `I/O error (<operation>) on "<path>": <error text>`.
+  cIOException(Kind kind, const qstd::cAsciiString& operation, const qucs::cString& path, int osErrorCode,
+               const qucs::cString& errorText, const char* file, unsigned int line);
+  // For failures that involve two paths (rename, copy).
+  cIOException(Kind kind, const qstd::cAsciiString& operation, const qucs::cString& path,
+               const qucs::cString& otherPath, int osErrorCode, const qucs::cString& errorText, const char* file,
+               unsigned int line);
+  cIOException(const cIOException& other);
+  cIOException& operator=(const cIOException& other);
+  ~cIOException() override;
+  void swap(cIOException& other);
+
+  qstd::cAbstractException* createObject() const override;
+  qstd::cAbstractException* clone() const override;
+  qstd::cAsciiString typeName() const override;
+
+  Kind kind() const { return meKind; }
+  const qstd::cAsciiString& operation() const { return mOperation; }
+  const qucs::cString& path() const { return mPath; }
+  // The second path of a rename or copy; empty otherwise.
+  const qucs::cString& otherPath() const { return mOtherPath; }
+  int osErrorCode() const { return miOsErrorCode; }
+  const qucs::cString& errorText() const { return mErrorText; }
+
+private:
+  Kind meKind;
+  qstd::cAsciiString mOperation;
+  qucs::cString mPath;
+  qucs::cString mOtherPath;
+  int miOsErrorCode;
+  qucs::cString mErrorText;
+};
+
+}  // namespace qio
+
+#endif

@@ -1,0 +1,111 @@
+#include "qelcore/io/cioexceptions.h"
+
+#include "qelcore/io/cpath.h"
+#include "qelcore/pi/platform/cnativefsimpl.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cbugexception.h"
+#include "qelcore/std/cnumberconversionformat.h"
+#include "qelcore/ucs/climessage.h"
+#include "qelcore/ucs/cstring.h"
+
+namespace qio {
+
+namespace {
+
+const char* orUnknown(const char* s) { return s ? s : "unknown"; }
+
+}  // namespace
+
+const char* cIOExceptions::kindText(cIOException::Kind kind) {
+  switch (kind) {
+    case cIOException::NotFound:
+      return "No such file or directory";
+    case cIOException::PermissionDenied:
+      return "Permission denied";
+    case cIOException::AlreadyExists:
+      return "File exists";
+    case cIOException::NotADirectory:
+      return "Not a directory";
+    case cIOException::IsADirectory:
+      return "Is a directory";
+    case cIOException::DirectoryNotEmpty:
+      return "Directory not empty";
+    case cIOException::NoSpace:
+      return "No space left on device";
+    case cIOException::InvalidName:
+      return "Invalid file name";
+    case cIOException::CrossDevice:
+      return "Not on the same file system";
+    case cIOException::NotOpen:
+      return "File not open";
+    case cIOException::Unsupported:
+      return "Operation not supported";
+    case cIOException::UnexpectedEnd:
+      return "Unexpected end of file";
+    case cIOException::Other:
+      break;
+  }
+  return "I/O error";
+}
+
+void cIOExceptions::throwSystemError(const char* operation, const cPath& path, int osErrorCode, const char* file,
+                                     unsigned int line) {
+  qucs::cString text;
+  qpi::cNativeFsImpl::errorText(osErrorCode, text);
+  throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsImpl::errorKind(osErrorCode)),
+                     qstd::cAsciiString(orUnknown(operation)), path.toString(), osErrorCode, text, file, line);
+}
+
+void cIOExceptions::throwSystemError(const char* operation, const cPath& path, const cPath& otherPath, int osErrorCode,
+                                     const char* file, unsigned int line) {
+  qucs::cString text;
+  qpi::cNativeFsImpl::errorText(osErrorCode, text);
+  throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsImpl::errorKind(osErrorCode)),
+                     qstd::cAsciiString(orUnknown(operation)), path.toString(), otherPath.toString(), osErrorCode, text,
+                     file, line);
+}
+
+void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path, const char* file,
+                               unsigned int line) {
+  throw cIOException(kind, qstd::cAsciiString(orUnknown(operation)), path.toString(), 0, qucs::cString(kindText(kind)),
+                     file, line);
+}
+
+void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path,
+                               const cPath& otherPath, const char* file, unsigned int line) {
+  throw cIOException(kind, qstd::cAsciiString(orUnknown(operation)), path.toString(), otherPath.toString(), 0,
+                     qucs::cString(kindText(kind)), file, line);
+}
+
+void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path, const char* text,
+                               const char* file, unsigned int line) {
+  throw cIOException(kind, qstd::cAsciiString(orUnknown(operation)), path.toString(), 0,
+                     qucs::cString(text ? text : kindText(kind)), file, line);
+}
+
+void cIOExceptions::throwWriteNotOpen(const cPath& path, const char* file, unsigned int line) {
+  throw cIOException(cIOException::NotOpen, qstd::cAsciiString("write"), path.toString(), 0,
+                     qucs::cString("Inavalid handle when writing to file!"), file, line);
+}
+
+void cIOExceptions::throwNotOpen(const char* operation, const cPath& path, const char* file, unsigned int line) {
+  throwError(cIOException::NotOpen, operation, path, file, line);
+}
+
+void cIOExceptions::throwUnexpectedEnd(const cPath& path, const char* file, unsigned int line) {
+  throwError(cIOException::UnexpectedEnd, "read", path, file, line);
+}
+
+void cIOExceptions::throwInvalidOpenMode(unsigned int mode, const char* file, unsigned int line) {
+  throw qstd::cBugException(qucs::cLIMessage("$QTR$Invalid open mode 0x%mode% for a file!")
+                                << qstd::cAsciiString().setUNum32(mode, qstd::cNumberConversionFormat(16)),
+                            file, line);
+}
+
+void cIOExceptions::throwMountCycle(const cPath& at, const char* file, unsigned int line) {
+  throw qstd::cBugException(
+      qucs::cLIMessage("$QTR$A file system cannot be mounted into itself (at \"%path%\")!") << at.toString(), file,
+      line);
+}
+
+}  // namespace qio
