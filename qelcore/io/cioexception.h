@@ -1,11 +1,11 @@
 // A file operation failed: the file or directory is missing, access was
 // refused, the disk is full, a name is invalid, the file is not open...
 //
-// Besides the message it keeps what a program needs to react: the kind of
-// failure (so that callers can tell a missing file from a refused one
-// without parsing texts), the operation ("open", "write", "rename", ...),
-// the path, the system's error code (0 when the failure did not come from
-// the operating system) and the system's text for it.
+// It is an OS error (cOSErrorException: the operation, the system's error
+// code, 0 when the failure did not come from the operating system, and the
+// path as its file name) with what a program needs to react: the kind of
+// failure, so that callers can tell a missing file from a refused one
+// without parsing texts, and the system's text for the error.
 //
 //   try {
 //     qio::cFile f("settings.ini", qio::cFile::Read);
@@ -19,13 +19,16 @@
 
 #include "qelcore/qelexport.h"
 #include "qelcore/std/casciistring.h"
-#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/std/coserrorexception.h"
+#include "qelcore/std/texception.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qio {
 
-class QEL_EXPORT cIOException : public qstd::cRuntimeException {
+class QEL_EXPORT cIOException : public qstd::tException<cIOException, qstd::cOSErrorException> {
 public:
+  static const char* staticTypeName() { return "cIOException"; }
+
   enum Kind {
     Other = 0,
     NotFound = 1,           // no such file or directory
@@ -42,7 +45,7 @@ public:
     UnexpectedEnd = 12      // a read needed more bytes than the file has
   };
 
-  cIOException();
+  cIOException() : meKind(Other) {}
   // The message reads `I/O error (<operation>) on "<path>": <error text>`.
   cIOException(Kind kind, const qstd::cAsciiString& operation, const qucs::cString& path, int osErrorCode,
                const qucs::cString& errorText, const char* file, unsigned int line);
@@ -50,29 +53,16 @@ public:
   cIOException(Kind kind, const qstd::cAsciiString& operation, const qucs::cString& path,
                const qucs::cString& otherPath, int osErrorCode, const qucs::cString& errorText, const char* file,
                unsigned int line);
-  cIOException(const cIOException& other);
-  cIOException& operator=(const cIOException& other);
-  ~cIOException() override;
-  void swap(cIOException& other);
-
-  qstd::cAbstractException* createObject() const override;
-  qstd::cAbstractException* clone() const override;
-  qstd::cAsciiString typeName() const override;
 
   Kind kind() const { return meKind; }
-  const qstd::cAsciiString& operation() const { return mOperation; }
-  const qucs::cString& path() const { return mPath; }
+  const qucs::cString& path() const { return fileName(); }
   // The second path of a rename or copy; empty otherwise.
   const qucs::cString& otherPath() const { return mOtherPath; }
-  int osErrorCode() const { return miOsErrorCode; }
   const qucs::cString& errorText() const { return mErrorText; }
 
 private:
   Kind meKind;
-  qstd::cAsciiString mOperation;
-  qucs::cString mPath;
   qucs::cString mOtherPath;
-  int miOsErrorCode;
   qucs::cString mErrorText;
 };
 
