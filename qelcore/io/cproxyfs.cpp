@@ -58,6 +58,13 @@ public:
   };
 
   cRoute route(const cPath& path, const char* operation) const {
+    std::vector<cRoute> found;
+    if (!tryRoute(path, found)) cIOExceptions::throwError(cIOException::NotFound, operation, path, __FILE__, __LINE__);
+    return found[0];
+  }
+
+  // Appends the route to `found`; false when no file system takes the path.
+  bool tryRoute(const cPath& path, std::vector<cRoute>& found) const {
     const cPath p = path.normalised();
     std::lock_guard<std::mutex> lock(mMutex);
     const cMount* best = nullptr;
@@ -69,8 +76,9 @@ public:
         best = &m;
       }
     }
-    if (!best) cIOExceptions::throwError(cIOException::NotFound, operation, path, __FILE__, __LINE__);
-    return cRoute{path, best->catchAll ? p : below(p, best->at), best->fs};
+    if (!best) return false;
+    found.push_back(cRoute{path, best->catchAll ? p : below(p, best->at), best->fs});
+    return true;
   }
 
   // Names of the mount points directly below `dir` (absolute, normalised).
@@ -108,8 +116,12 @@ public:
   }
 
   bool attributes(const cPath& path, cFileAttributes& out) override {
-    const cRoute r = route(path, "stat");
-    if (forward(r, [&] { return r.fs.impl().attributes(r.inner, out); })) return true;
+    std::vector<cRoute> found;
+    out = cFileAttributes();
+    if (tryRoute(path, found)) {
+      const cRoute& r = found[0];
+      if (forward(r, [&] { return r.fs.impl().attributes(r.inner, out); })) return true;
+    }
     if (out.isSymLink() || !leadsToMount(path.normalised())) return false;
     out = cFileAttributes();
     out.setType(cFileAttributes::Directory);
@@ -299,16 +311,21 @@ private:
 }  // namespace
 
 qstd::tAutoPtr<cAbstractDirImpl> cProxyFsImpl::openDir(const cPath& path) {
-  const cRoute r = route(path, "list");
   const cPath dir = path.normalised();
   std::vector<qucs::cString> mounts;
   if (dir.hasRootDirectory()) mountsBelow(dir, mounts);
+  std::vector<cRoute> found;
   qstd::tAutoPtr<cAbstractDirImpl> inner;
-  try {
-    inner = r.fs.impl().openDir(r.inner);
-  } catch (const cIOException& e) {
-    // A directory that only leads to mount points lists just those.
-    if (mounts.empty() || e.kind() != cIOException::NotFound) rethrowOuter(e, r.inner, r.outer, nullptr, nullptr);
+  if (tryRoute(path, found)) {
+    const cRoute& r = found[0];
+    try {
+      inner = r.fs.impl().openDir(r.inner);
+    } catch (const cIOException& e) {
+      // A directory that only leads to mount points lists just those.
+      if (mounts.empty() || e.kind() != cIOException::NotFound) rethrowOuter(e, r.inner, r.outer, nullptr, nullptr);
+    }
+  } else if (mounts.empty()) {
+    cIOExceptions::throwError(cIOException::NotFound, "list", path, __FILE__, __LINE__);
   }
   return qstd::tAutoPtr<cAbstractDirImpl>(new cProxyDirImpl(cFs(*this), dir, inner, mounts));
 }
