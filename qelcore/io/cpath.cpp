@@ -129,8 +129,9 @@ void cPath::parse(const tChar* s, unsigned int n) {
     bool unc = false;
     // "\\?\C:\x" and "\\?\UNC\server\share\x": the prefix only switches
     // off the system's own parsing, the path behind it is an ordinary one.
-    if (n >= 4 && isSep(s[0]) && isSep(s[1]) && s[2] == '?' && isSep(s[3])) {
-      i = 4;
+    // (A server named "?" would read as the prefix again: it is the prefix.)
+    if (n >= 3 && isSep(s[0]) && isSep(s[1]) && s[2] == '?' && (n == 3 || isSep(s[3]))) {
+      i = n == 3 ? 3 : 4;
       if (n >= 8 && (s[4] | 0x20) == 'u' && (s[5] | 0x20) == 'n' && (s[6] | 0x20) == 'c' && isSep(s[7])) {
         i = 8;
         unc = true;
@@ -139,20 +140,26 @@ void cPath::parse(const tChar* s, unsigned int n) {
       i = 2;
       unc = true;
     }
-    // A UNC root needs a server name.
-    if (unc && (i == n || isSep(s[i]))) {
-      unc = false;
-      i -= 1;
+    // A UNC root is a server and a share; without both (or with the server
+    // "?", whose generic form would read as the prefix) the path is merely
+    // rooted.
+    if (unc) {
+      unsigned int serverEnd = i;
+      while (serverEnd < n && !isSep(s[serverEnd])) ++serverEnd;
+      unsigned int share = serverEnd;
+      while (share < n && isSep(s[share])) ++share;
+      if (serverEnd == i || share == n || (serverEnd == i + 1 && s[i] == '?')) {
+        unc = false;
+        i -= 1;
+      }
     }
     if (unc) {
       out.put(kSep);
       out.put(kSep);
       while (i < n && !isSep(s[i])) out.put(s[i++]);
       while (i < n && isSep(s[i])) ++i;
-      if (i < n) {
-        out.put(kSep);
-        while (i < n && !isSep(s[i])) out.put(s[i++]);
-      }
+      out.put(kSep);
+      while (i < n && !isSep(s[i])) out.put(s[i++]);
       miRootName = out.length();
       mbRootDir = true;
       out.put(kSep);

@@ -178,7 +178,7 @@ TEST(FileAtomicSave, ReplacesInOneStepOrNotAtAll) {
   }
   EXPECT_EQ(readBack(dir.native() / "settings.ini"), "new content");
 
-  // Destroyed without close (an exception passed): the old file stays.
+  // Destroyed while an exception passes: the old file stays.
   try {
     cFile f(target, cFile::Overwrite | cFile::Atomic);
     f.writeText("half");
@@ -192,6 +192,11 @@ TEST(FileAtomicSave, ReplacesInOneStepOrNotAtAll) {
     f.discard();
   }
   EXPECT_EQ(readBack(dir.native() / "settings.ini"), "new content");
+  {
+    cFile f(target, cFile::Overwrite | cFile::Atomic);
+    f.writeText("saved on the way out");
+  }
+  EXPECT_EQ(readBack(dir.native() / "settings.ini"), "saved on the way out");
   EXPECT_EQ(countEntries(dir.path()), 1u);  // no temporary file left behind
 
   // Into a missing directory: fails at open, nothing created.

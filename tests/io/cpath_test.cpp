@@ -38,6 +38,7 @@ TEST(PathParsing, WindowsDrivesSharesAndLongPathPrefixes) {
   EXPECT_EQ(win("c:relative\\x"), "c:relative/x");
   EXPECT_EQ(win("\\\\server\\share\\dir\\f.txt"), "//server/share/dir/f.txt");
   EXPECT_EQ(win("\\\\server\\share"), "//server/share/");
+  EXPECT_EQ(win("\\\\server\\"), "/server");  // no share: merely rooted
   EXPECT_EQ(win("\\\\?\\C:\\very\\long"), "C:/very/long");
   EXPECT_EQ(win("\\\\?\\UNC\\srv\\sh\\x"), "//srv/sh/x");
   EXPECT_EQ(win("\\\\?\\UNC\\"), "/");

@@ -202,13 +202,18 @@ TEST_P(FileSystems, TimesAndPermissions) {
 
 TEST_P(FileSystems, AtomicSaveThroughEachFileSystem) {
   put("s", "old");
-  {
+  try {
     qio::cFile f(mFs, at("s"), qio::cFile::Overwrite | qio::cFile::Atomic);
     f.writeText("new");
     EXPECT_EQ(get("s"), "old");
+    throw 1;
+  } catch (int) {
   }
   EXPECT_EQ(get("s"), "old");
-  mFs.writeAll(at("s"), "new", 3);
+  {
+    qio::cFile f(mFs, at("s"), qio::cFile::Overwrite | qio::cFile::Atomic);
+    f.writeText("new");
+  }
   EXPECT_EQ(get("s"), "new");
   EXPECT_EQ(tree(mRoot), (std::vector<std::string>{"s 3"}));
 }

@@ -86,7 +86,9 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cPosixFsImpl::openAtomic(const qio::cPath
     qstd::tArray<char> temp;
     temp.append(target.c_str(), dirLength);
     temp.append('.');
-    temp.append(target.c_str() + dirLength, target.length() - dirLength);
+    // Short enough that the suffix keeps it within the system's limit.
+    const unsigned int nameLength = target.length() - dirLength;
+    temp.append(target.c_str() + dirLength, nameLength < 200 ? nameLength : 200);
     qstd::cAsciiString suffix(".tmp-");
     suffix.addUNum(static_cast<unsigned long long>(::getpid()));
     suffix += '-';

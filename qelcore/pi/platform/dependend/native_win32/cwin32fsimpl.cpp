@@ -78,15 +78,16 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cWin32FsImpl::openAtomic(const qio::cPath
   const qio::cPath dir = path.parent();
   for (unsigned int attempt = 0;; ++attempt) {
     qucs::cString tempName(".");
-    tempName.addString(path.fileName());
+    const qucs::cString name = path.fileName();
+    // Short enough that the suffix keeps it within the system's limit.
+    tempName.append(name.data(true), name.size() < 200 ? name.size() : 200);
     tempName.appendC(".tmp-");
     tempName.addUNum32(static_cast<unsigned int>(GetCurrentProcessId()));
     tempName.append('-');
     tempName.addUNum32(gTempCounter.fetch_add(1));
     const qio::cPath tempPath = dir / qio::cPath(tempName, path.style());
     cWin32Name temp(tempPath, "open");
-    HANDLE h = CreateFileW(temp.c_str(), GENERIC_WRITE, kShareAll, nullptr, CREATE_NEW,
-                           FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_HIDDEN, nullptr);
+    HANDLE h = CreateFileW(temp.c_str(), GENERIC_WRITE, kShareAll, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h == INVALID_HANDLE_VALUE) {
       const DWORD error = GetLastError();
       if ((error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS) && attempt < 100) continue;
@@ -122,16 +123,23 @@ void cWin32FsImpl::remove(const qio::cPath& path) {
 void cWin32FsImpl::rename(const qio::cPath& from, const qio::cPath& to, bool replace) {
   cWin32Name a(from, "rename");
   cWin32Name b(to, "rename");
+  bool replacedDir = false;
   if (replace) {
     // A directory takes the place of an empty directory, as on POSIX.
     const DWORD source = GetFileAttributesW(a.c_str());
     const DWORD target = GetFileAttributesW(b.c_str());
     if (source != INVALID_FILE_ATTRIBUTES && target != INVALID_FILE_ATTRIBUTES && (source & FILE_ATTRIBUTE_DIRECTORY) &&
-        (target & FILE_ATTRIBUTE_DIRECTORY) && !RemoveDirectoryW(b.c_str()))
-      qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(GetLastError()), __FILE__, __LINE__);
+        (target & FILE_ATTRIBUTE_DIRECTORY)) {
+      if (!RemoveDirectoryW(b.c_str()))
+        qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(GetLastError()), __FILE__, __LINE__);
+      replacedDir = true;
+    }
   }
-  if (!MoveFileExW(a.c_str(), b.c_str(), replace ? MOVEFILE_REPLACE_EXISTING : 0))
-    qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(GetLastError()), __FILE__, __LINE__);
+  if (!MoveFileExW(a.c_str(), b.c_str(), replace ? MOVEFILE_REPLACE_EXISTING : 0)) {
+    const DWORD error = GetLastError();
+    if (replacedDir) CreateDirectoryW(b.c_str(), nullptr);  // the empty directory comes back
+    qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(error), __FILE__, __LINE__);
+  }
 }
 
 void cWin32FsImpl::setPermissions(const qio::cPath& path, unsigned int permissions) {
