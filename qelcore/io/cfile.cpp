@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <exception>
 #include <utility>
 
 #include "qelcore/io/cabstractfsimpl.h"
@@ -40,8 +39,7 @@ void warn(const qstd::cAbstractException& e) {
 
 }  // namespace
 
-cFile::cFile()
-    : miMode(0), mpBuffer(nullptr), miBufferPos(0), miBufferLength(0), mbBufferWrites(false), miUncaught(0) {}
+cFile::cFile() : miMode(0), mpBuffer(nullptr), miBufferPos(0), miBufferLength(0), mbBufferWrites(false) {}
 
 cFile::cFile(const cPath& path, unsigned int mode) : cFile() { open(cFs::system(), path, mode); }
 
@@ -59,8 +57,8 @@ cFile& cFile::operator=(cFile&& other) noexcept {
 
 cFile::~cFile() {
   if (mpImpl) {
-    // An atomic save is thrown away (by the impl) while an exception passes.
-    if (!(miMode & Atomic) || std::uncaught_exceptions() <= miUncaught) {
+    // An atomic save that was not closed is thrown away by the impl.
+    if (!(miMode & Atomic)) {
       try {
         flushBuffer();
         mpImpl->close();
@@ -82,7 +80,6 @@ void cFile::swap(cFile& other) noexcept {
   std::swap(miBufferPos, other.miBufferPos);
   std::swap(miBufferLength, other.miBufferLength);
   std::swap(mbBufferWrites, other.mbBufferWrites);
-  std::swap(miUncaught, other.miUncaught);
 }
 
 void cFile::open(const cPath& path, unsigned int mode) { open(cFs::system(), path, mode); }
@@ -93,7 +90,6 @@ void cFile::open(const cFs& fs, const cPath& path, unsigned int mode) {
   mpImpl = fs.impl().open(path, mode);
   mPath = path;
   miMode = mode;
-  miUncaught = std::uncaught_exceptions();
 }
 
 bool cFile::isOpen() const { return mpImpl.get() != nullptr; }

@@ -16,10 +16,10 @@
 // Atomic save: a file opened with Atomic is written to a temporary file
 // beside the target; close() flushes it, puts it on the disk and renames it
 // over the target in one step, so the target always holds either the old or
-// the new content in full, even after a crash. A file destroyed while an
-// exception passes, or closed with discard(), leaves the target untouched;
-// destroyed otherwise, it is closed as by close(). The new file keeps the
-// old file's permissions.
+// the new content in full, even after a crash. Only close() saves: a file
+// destroyed without it (an exception passed, an early return) or closed with
+// discard() leaves the target untouched. The new file keeps the old file's
+// permissions.
 //
 //   qio::cFile f("settings.ini", qio::cFile::Overwrite | qio::cFile::Atomic);
 //   f.write(text);
@@ -115,9 +115,6 @@ private:
   mutable unsigned int miBufferPos;
   mutable unsigned int miBufferLength;
   mutable bool mbBufferWrites;
-  // Exceptions in flight when the file was opened: more of them in the
-  // destructor mean it runs while one passes.
-  int miUncaught;
 };
 
 }  // namespace qio

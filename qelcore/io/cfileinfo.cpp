@@ -24,14 +24,19 @@ bool beginsWith(const qucs::cString& s, const qucs::cString& start) {
 
 }  // namespace
 
-cFileInfo::cFileInfo() : mFs(cFs::system()), mbRead(false) {}
+cFileInfo::cFileInfo() : mFs(cFs::cNone()), mbRead(false) {}
 
-cFileInfo::cFileInfo(const cPath& path) : mFs(cFs::system()), mPath(path), mbRead(false) {}
+cFileInfo::cFileInfo(const cPath& path) : mFs(cFs::cNone()), mPath(path), mbRead(false) {}
 
 cFileInfo::cFileInfo(const cFs& fs, const cPath& path) : mFs(fs), mPath(path), mbRead(false) {}
 
 cFileInfo::cFileInfo(const cFs& fs, const cPath& path, const cFileAttributes& attributes)
     : mFs(fs), mPath(path), mAttributes(attributes), mbRead(true) {}
+
+const cFs& cFileInfo::fs() const {
+  if (!mFs.mpImpl) mFs = cFs::system();
+  return mFs;
+}
 
 void cFileInfo::setPath(const cPath& path) {
   mPath = path;
@@ -48,7 +53,7 @@ const cFileAttributes& cFileInfo::attributes() const {
     if (mPath.isEmpty())
       mAttributes = cFileAttributes();
     else
-      mFs.impl().attributes(mPath, mAttributes);
+      fs().impl().attributes(mPath, mAttributes);
     mbRead = true;
   }
   return mAttributes;
@@ -67,13 +72,6 @@ void cFileInfo::setFileNameSuffix(const qucs::cString& suffix) {
   setFileName(base + suffix + mPath.extension());
 }
 
-void cFileInfo::setFileNameExtension(const qucs::cString& extension) {
-  if (extension.size() == 0) return;
-  qucs::cString ext;
-  if (extension[0] != '.') ext.append(static_cast<unsigned int>('.'));
-  ext.addString(extension);
-  const qucs::cString name = mPath.fileName();
-  if (!endsWith(name, ext)) setFileName(name + ext);
-}
+void cFileInfo::setFileNameExtension(const qucs::cString& extension) { setPath(mPath.withExtension(extension)); }
 
 }  // namespace qio

@@ -5,16 +5,18 @@
 //   qio::cFileInfo info("report.pdf");
 //   if (info.exists() && info.modificationTime() < cutoff) ...
 //
-// The name setters complete a file name: each adds its part unless the name
-// already has it, so completing twice changes nothing. That is how a module
-// name becomes the platform's library file name:
+// The name setters complete a file name: the prefix and the suffix are
+// added unless the name already has them, the extension is set, so
+// completing a name twice changes nothing. That is how a module name becomes
+// the platform's library file name (cAbstractPlatformInfo::osSpecificSOName):
 //
 //   qio::cFileInfo lib("plugins/audio");
 //   lib.setFileNamePrefix("lib");        // plugins/libaudio
 //   lib.setFileNameSuffix("");           // unchanged
 //   lib.setFileNameExtension(".so");     // plugins/libaudio.so
 //
-// (To replace an extension, use cPath::withExtension.)
+// Working with names asks no file system; the system's file system is taken
+// when the attributes are first needed.
 #ifndef QELCORE_IO_CFILEINFO_H
 #define QELCORE_IO_CFILEINFO_H
 
@@ -37,7 +39,7 @@ public:
 
   const cPath& path() const { return mPath; }
   void setPath(const cPath& path);
-  const cFs& fs() const { return mFs; }
+  const cFs& fs() const;
 
   // Reads the attributes again.
   void refresh();
@@ -65,14 +67,14 @@ public:
   // Puts `suffix` at the end of the base name (before the extension) unless
   // the base name ends with it.
   void setFileNameSuffix(const qucs::cString& suffix);
-  // Adds `extension` (with or without its dot) unless the file name ends
-  // with it; an empty one changes nothing.
+  // Replaces the file name's extension (see cPath::extension) or adds one;
+  // with or without its dot. An empty one removes the extension.
   void setFileNameExtension(const qucs::cString& extension);
 
 private:
   void setFileName(const qucs::cString& name);
 
-  cFs mFs;
+  mutable cFs mFs;
   cPath mPath;
   mutable cFileAttributes mAttributes;
   mutable bool mbRead;

@@ -6,19 +6,14 @@
 #include "qelcore/io/cfile.h"
 #include "qelcore/io/cioexceptions.h"
 #include "qelcore/io/cproxyfs.h"
-#include "qelcore/pi/platform/cnativefsimpl.h"
+#include "qelcore/pi/cplatform.h"
+#include "qelcore/pi/csystem.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qio {
 
 namespace {
-
-cProxyFs makeSystemFs() {
-  cProxyFs proxy;
-  proxy.mount(cPath("/"), cFs());
-  return proxy;
-}
 
 // Whether a listed entry is a directory to descend into (links are not).
 bool isRealDirectory(cAbstractDirImpl& dir, cFileAttributes::Type hint) {
@@ -32,7 +27,7 @@ bool isRealDirectory(cAbstractDirImpl& dir, cFileAttributes::Type hint) {
 }  // namespace
 
 cFs::cFs() : mpImpl(nullptr) {
-  qstd::tAutoPtr<cAbstractFsImpl> impl = qpi::cNativeFsImpl::create(*this);
+  qstd::tAutoPtr<cAbstractFsImpl> impl = qpi::cPlatform::createFsImpl(*this);
   mpImpl = impl.release();
   mpImpl->addRef();
 }
@@ -44,7 +39,9 @@ cFs::cFs(qstd::tAutoPtr<cAbstractFsImpl> impl) : mpImpl(impl.release()) {
 
 cFs::cFs(cAbstractFsImpl& shared) : mpImpl(&shared) { mpImpl->addRef(); }
 
-cFs::cFs(const cFs& other) : mpImpl(other.mpImpl) { mpImpl->addRef(); }
+cFs::cFs(const cFs& other) : mpImpl(other.mpImpl) {
+  if (mpImpl) mpImpl->addRef();
+}
 
 cFs& cFs::operator=(const cFs& other) {
   cFs copy(other);
@@ -53,7 +50,7 @@ cFs& cFs::operator=(const cFs& other) {
 }
 
 cFs::~cFs() {
-  if (mpImpl->releaseRef()) delete mpImpl;
+  if (mpImpl && mpImpl->releaseRef()) delete mpImpl;
 }
 
 void cFs::swap(cFs& other) noexcept {
@@ -62,10 +59,7 @@ void cFs::swap(cFs& other) noexcept {
   other.mpImpl = p;
 }
 
-cFs cFs::system() {
-  static const cProxyFs fs = makeSystemFs();
-  return fs;
-}
+cFs cFs::system() { return qpi::system().fs(); }
 
 bool cFs::exists(const cPath& path) const {
   cFileAttributes a;

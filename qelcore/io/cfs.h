@@ -39,7 +39,8 @@ public:
   virtual ~cFs();
   void swap(cFs& other) noexcept;
 
-  // The system's file system.
+  // The system object's file system (qpi::system().fs(), which creates the
+  // system object on first use: do that on one thread before others start).
   static cFs system();
 
   // Whether both handles refer to the same file system.
@@ -96,6 +97,12 @@ protected:
 
 private:
   friend class cProxyFsImpl;
+  friend class cFileInfo;
+  // A handle to no file system yet (cFileInfo takes the system's when it
+  // first needs one); only copying and destroying it are allowed.
+  struct cNone {};
+  explicit cFs(cNone) : mpImpl(nullptr) {}
+
   void removeTree(const cPath& path, unsigned long long& count) const;
 
   cAbstractFsImpl* mpImpl;

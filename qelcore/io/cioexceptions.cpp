@@ -1,7 +1,8 @@
 #include "qelcore/io/cioexceptions.h"
 
 #include "qelcore/io/cpath.h"
-#include "qelcore/pi/platform/cnativefsimpl.h"
+#include "qelcore/pi/cplatform.h"
+#include "qelcore/pi/platform/cnativefsinfo.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
@@ -13,6 +14,8 @@ namespace qio {
 namespace {
 
 const char* orUnknown(const char* s) { return s ? s : "unknown"; }
+
+qucs::cString systemText(int code) { return qucs::cString(qpi::cPlatform::osFileIOErrorString(code), '?'); }
 
 }  // namespace
 
@@ -50,19 +53,16 @@ const char* cIOExceptions::kindText(cIOException::Kind kind) {
 
 void cIOExceptions::throwSystemError(const char* operation, const cPath& path, int osErrorCode, const char* file,
                                      unsigned int line) {
-  qucs::cString text;
-  qpi::cNativeFsImpl::errorText(osErrorCode, text);
-  throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsImpl::errorKind(osErrorCode)),
-                     qstd::cAsciiString(orUnknown(operation)), path.toString(), osErrorCode, text, file, line);
+  throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsInfo::errorKind(osErrorCode)),
+                     qstd::cAsciiString(orUnknown(operation)), path.toString(), osErrorCode, systemText(osErrorCode),
+                     file, line);
 }
 
 void cIOExceptions::throwSystemError(const char* operation, const cPath& path, const cPath& otherPath, int osErrorCode,
                                      const char* file, unsigned int line) {
-  qucs::cString text;
-  qpi::cNativeFsImpl::errorText(osErrorCode, text);
-  throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsImpl::errorKind(osErrorCode)),
-                     qstd::cAsciiString(orUnknown(operation)), path.toString(), otherPath.toString(), osErrorCode, text,
-                     file, line);
+  throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsInfo::errorKind(osErrorCode)),
+                     qstd::cAsciiString(orUnknown(operation)), path.toString(), otherPath.toString(), osErrorCode,
+                     systemText(osErrorCode), file, line);
 }
 
 void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path, const char* file,

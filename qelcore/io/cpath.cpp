@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "qelcore/io/detail/cnamecodec.h"
-#include "qelcore/pi/platform/cnativefsimpl.h"
+#include "qelcore/pi/platform/cnativefsinfo.h"
 
 namespace qio {
 
@@ -53,7 +53,7 @@ private:
 
 }  // namespace
 
-cPath::Style cPath::nativeStyle() { return static_cast<Style>(qpi::cNativeFsImpl::pathStyle()); }
+cPath::Style cPath::nativeStyle() { return static_cast<Style>(qpi::cNativeFsInfo::pathStyle()); }
 
 cPath::cPath() : miRootName(0), mbRootDir(false), meStyle(static_cast<unsigned char>(nativeStyle())) {}
 

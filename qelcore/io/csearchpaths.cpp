@@ -4,7 +4,7 @@
 
 #include "qelcore/io/cabstractfsimpl.h"
 #include "qelcore/io/cioexceptions.h"
-#include "qelcore/pi/platform/cnativefsimpl.h"
+#include "qelcore/pi/platform/cnativefsinfo.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tarrayops.h"
 #include "qelcore/std/tvector.h"
@@ -58,7 +58,7 @@ void cSearchPaths::prepend(const cPath& dir) {
   mpImpl->mDirs.insert(mpImpl->mDirs.begin(), dir);
 }
 
-void cSearchPaths::appendList(const qucs::cString& list) { appendList(list, qpi::cNativeFsImpl::listSeparator()); }
+void cSearchPaths::appendList(const qucs::cString& list) { appendList(list, qpi::cNativeFsInfo::listSeparator()); }
 
 void cSearchPaths::appendList(const qucs::cString& list, unsigned int separator) {
   const unsigned int n = list.size();

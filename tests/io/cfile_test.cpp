@@ -194,9 +194,9 @@ TEST(FileAtomicSave, ReplacesInOneStepOrNotAtAll) {
   EXPECT_EQ(readBack(dir.native() / "settings.ini"), "new content");
   {
     cFile f(target, cFile::Overwrite | cFile::Atomic);
-    f.writeText("saved on the way out");
+    f.writeText("forgotten");  // no close(): not saved
   }
-  EXPECT_EQ(readBack(dir.native() / "settings.ini"), "saved on the way out");
+  EXPECT_EQ(readBack(dir.native() / "settings.ini"), "new content");
   EXPECT_EQ(countEntries(dir.path()), 1u);  // no temporary file left behind
 
   // Into a missing directory: fails at open, nothing created.

@@ -31,7 +31,7 @@ TEST(FileInfoNames, SettersCompleteANameOnce) {
   EXPECT_EQ(libraryName("audio", "", "", ".dll"), "audio.dll");
   EXPECT_EQ(libraryName("audio", "", "_d", "dll"), "audio_d.dll");
   EXPECT_EQ(libraryName("audio_d.dll", "", "_d", "dll"), "audio_d.dll");
-  EXPECT_EQ(libraryName("my.module", "lib", "", ".so"), "libmy.module.so");
+  EXPECT_EQ(libraryName("netio.old", "lib", "", ".so"), "libnetio.so");
   EXPECT_EQ(libraryName("/", "lib", "", ".so"), "/lib.so");
 
   cFileInfo info(cPath("dir/name.txt"));

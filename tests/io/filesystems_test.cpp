@@ -214,6 +214,8 @@ TEST_P(FileSystems, AtomicSaveThroughEachFileSystem) {
     qio::cFile f(mFs, at("s"), qio::cFile::Overwrite | qio::cFile::Atomic);
     f.writeText("new");
   }
+  EXPECT_EQ(get("s"), "old");  // only close() saves
+  mFs.writeAll(at("s"), "new", 3);
   EXPECT_EQ(get("s"), "new");
   EXPECT_EQ(tree(mRoot), (std::vector<std::string>{"s 3"}));
 }

@@ -1,21 +1,16 @@
-#include "qelcore/pi/platform/cnativefsimpl.h"
+#include "qelcore/pi/platform/cnativefsinfo.h"
 
 #include <windows.h>
 
 #include "qelcore/io/cioexception.h"
 #include "qelcore/io/cpath.h"
-#include "qelcore/pi/platform/dependend/native_win32/cwin32fsimpl.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qpi {
 
-qstd::tAutoPtr<qio::cAbstractFsImpl> cNativeFsImpl::create(qio::cFs&) {
-  return qstd::tAutoPtr<qio::cAbstractFsImpl>(new cWin32FsImpl);
-}
+int cNativeFsInfo::pathStyle() { return qio::cPath::WindowsStyle; }
 
-int cNativeFsImpl::pathStyle() { return qio::cPath::WindowsStyle; }
-
-int cNativeFsImpl::errorKind(int code) {
+int cNativeFsInfo::errorKind(int code) {
   switch (static_cast<DWORD>(code)) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
@@ -54,24 +49,6 @@ int cNativeFsImpl::errorKind(int code) {
   }
 }
 
-void cNativeFsImpl::errorText(int code, qucs::cString& out) {
-  wchar_t* text = nullptr;
-  const DWORD n =
-      FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                     nullptr, static_cast<DWORD>(code), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
-                     reinterpret_cast<wchar_t*>(&text), 0, nullptr);
-  out.truncate(0);
-  for (DWORD i = 0; i < n; ++i)
-    if (text[i] != L'\r' && text[i] != L'\n')
-      out.append(static_cast<unsigned int>(static_cast<unsigned short>(text[i])));
-  if (text) LocalFree(text);
-  out.rtrim();
-  if (out.size() == 0) {
-    out = "System error ";
-    out.addNum32(code);
-  }
-}
-
-unsigned int cNativeFsImpl::listSeparator() { return ';'; }
+unsigned int cNativeFsInfo::listSeparator() { return ';'; }
 
 }  // namespace qpi

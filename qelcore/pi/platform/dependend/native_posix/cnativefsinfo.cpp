@@ -1,11 +1,10 @@
-#include "qelcore/pi/platform/cnativefsimpl.h"
+#include "qelcore/pi/platform/cnativefsinfo.h"
 
 #include <cerrno>
 #include <cstring>
 
 #include "qelcore/io/cioexception.h"
 #include "qelcore/io/cpath.h"
-#include "qelcore/pi/platform/dependend/native_posix/cposixfsimpl.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qpi {
@@ -18,13 +17,9 @@ namespace {
 
 }  // namespace
 
-qstd::tAutoPtr<qio::cAbstractFsImpl> cNativeFsImpl::create(qio::cFs&) {
-  return qstd::tAutoPtr<qio::cAbstractFsImpl>(new cPosixFsImpl);
-}
+int cNativeFsInfo::pathStyle() { return qio::cPath::PosixStyle; }
 
-int cNativeFsImpl::pathStyle() { return qio::cPath::PosixStyle; }
-
-int cNativeFsImpl::errorKind(int code) {
+int cNativeFsInfo::errorKind(int code) {
   switch (code) {
     case ENOENT:
       return qio::cIOException::NotFound;
@@ -64,18 +59,6 @@ int cNativeFsImpl::errorKind(int code) {
   }
 }
 
-void cNativeFsImpl::errorText(int code, qucs::cString& out) {
-  char buffer[256];
-  buffer[0] = '\0';
-  const char* text = pickText(::strerror_r(code, buffer, sizeof buffer), buffer);
-  if (!text || !*text) {
-    out = "Unknown error ";
-    out.addNum32(code);
-    return;
-  }
-  out = text;
-}
-
-unsigned int cNativeFsImpl::listSeparator() { return ':'; }
+unsigned int cNativeFsInfo::listSeparator() { return ':'; }
 
 }  // namespace qpi
