@@ -148,6 +148,7 @@
 #include "qelcore/io/cfile.h"
 #include "qelcore/io/cfileattributes.h"
 #include "qelcore/io/cfileinfo.h"
+#include "qelcore/io/cfilewatch.h"
 #include "qelcore/io/cfs.h"
 #include "qelcore/io/cioexception.h"
 #include "qelcore/io/cioexceptionfactory.h"

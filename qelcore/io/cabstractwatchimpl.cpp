@@ -2,6 +2,10 @@
 
 namespace qio {
 
+cAbstractWatchImpl::cSink::~cSink() {}
+
 cAbstractWatchImpl::~cAbstractWatchImpl() {}
+
+int cAbstractWatchImpl::descriptor() const { return -1; }
 
 }  // namespace qio

@@ -6,7 +6,6 @@
 
 #include "qelcore/io/cabstractfsimpl.h"
 #include "qelcore/io/cioexceptions.h"
-#include "qelcore/pi/cabstractout.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -26,15 +25,6 @@ void checkMode(unsigned int mode) {
     valid = false;
   if (mode & ~0x7Fu) valid = false;
   if (!valid) cIOExceptions::throwInvalidOpenMode(mode, __FILE__, __LINE__);
-}
-
-// A destructor reports what it cannot throw.
-void warn(const qstd::cAbstractException& e) {
-  qucs::cString text;
-  e.createMessage(text, qucs::cString(": "), qstd::cAbstractException::MessageWithHistory, nullptr);
-  qstd::tArray<char> bytes = text.toUTF8();
-  bytes.append('\0');
-  QEL_WARNING(bytes.data());
 }
 
 }  // namespace
@@ -63,7 +53,7 @@ cFile::~cFile() {
         flushBuffer();
         mpImpl->close();
       } catch (const qstd::cAbstractException& e) {
-        warn(e);
+        e.dump();  // a destructor reports what it cannot throw
       } catch (...) {
       }
     }

@@ -26,8 +26,8 @@
 //   f.close();                     // now the new settings are in place
 //
 // Without a file system the system's file system is used (qpi::system()).
-// The destructor closes the file and swallows errors (a warning goes to the
-// debug output): call close() where a failed final write matters.
+// The destructor closes the file and swallows errors (they go to the debug
+// output): call close() where a failed final write matters.
 #ifndef QELCORE_IO_CFILE_H
 #define QELCORE_IO_CFILE_H
 

@@ -17,6 +17,7 @@
 #include "qelcore/pi/platform/dependend/native_posix/cposixfileimpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixfileinfoimpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixname.h"
+#include "qelcore/pi/platform/dependend/native_posix/cposixwatchimpl.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -184,8 +185,8 @@ qio::cPath cPosixFsImpl::tempDirectory() {
   return qio::cPath(dir && *dir ? dir : "/tmp");
 }
 
-qstd::tAutoPtr<qio::cAbstractWatchImpl> cPosixFsImpl::createWatch(const qio::cPath&) {
-  return qstd::tAutoPtr<qio::cAbstractWatchImpl>();
+qstd::tAutoPtr<qio::cAbstractWatchImpl> cPosixFsImpl::createWatch(const qio::cPath& path) {
+  return qstd::tAutoPtr<qio::cAbstractWatchImpl>(cPosixWatchImpl::create(path));
 }
 
 }  // namespace qpi

@@ -9,6 +9,7 @@
 #include "qelcore/pi/platform/dependend/native_win32/cwin32fileimpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32fileinfoimpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32name.h"
+#include "qelcore/pi/platform/dependend/native_win32/cwin32watchimpl.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qpi {
@@ -184,8 +185,8 @@ qio::cPath cWin32FsImpl::tempDirectory() {
   return qio::cPath(text);
 }
 
-qstd::tAutoPtr<qio::cAbstractWatchImpl> cWin32FsImpl::createWatch(const qio::cPath&) {
-  return qstd::tAutoPtr<qio::cAbstractWatchImpl>();
+qstd::tAutoPtr<qio::cAbstractWatchImpl> cWin32FsImpl::createWatch(const qio::cPath& path) {
+  return qstd::tAutoPtr<qio::cAbstractWatchImpl>(cWin32WatchImpl::create(path));
 }
 
 }  // namespace qpi
