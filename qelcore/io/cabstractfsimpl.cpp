@@ -16,13 +16,12 @@ bool cAbstractFsImpl::releaseRef() const { return __atomic_sub_fetch(&miRefs, 1u
 
 void cAbstractFsImpl::copyFile(const cPath& from, const cPath& to, bool replace) {
   cFileAttributes source;
-  if (!attributes(from, source))
-    cIOExceptions::throwError(cIOException::NotFound, "copy", from, to, __FILE__, __LINE__);
-  if (source.isDirectory()) cIOExceptions::throwError(cIOException::IsADirectory, "copy", from, to, __FILE__, __LINE__);
+  if (!attributes(from, source)) cIOExceptions::throwError(cIOException::NotFound, "copy", from, to);
+  if (source.isDirectory()) cIOExceptions::throwError(cIOException::IsADirectory, "copy", from, to);
   if (!replace) {
     cFileAttributes target;
     if (attributes(to, target) || target.isSymLink())
-      cIOExceptions::throwError(cIOException::AlreadyExists, "copy", from, to, __FILE__, __LINE__);
+      cIOExceptions::throwError(cIOException::AlreadyExists, "copy", from, to);
   }
   qstd::tAutoPtr<cAbstractFileImpl> in = open(from, cFile::Read);
   // Through an atomic save: a failed copy leaves the target as it was, and
@@ -38,7 +37,7 @@ void cAbstractFsImpl::copyFile(const cPath& from, const cPath& to, bool replace)
 cPath cAbstractFsImpl::currentDirectory() { return cPath("/"); }
 
 cPath cAbstractFsImpl::tempDirectory() {
-  cIOExceptions::throwError(cIOException::Unsupported, "tempDirectory", cPath(), __FILE__, __LINE__);
+  cIOExceptions::throwError(cIOException::Unsupported, "tempDirectory", cPath());
 }
 
 qstd::tAutoPtr<cAbstractWatchImpl> cAbstractFsImpl::createWatch(const cPath&) {

@@ -9,21 +9,21 @@ namespace qio {
 cAbstractIODevice::~cAbstractIODevice() {}
 
 void cAbstractIODevice::seek(unsigned long long) {
-  cIOExceptions::throwError(cIOException::Unsupported, "seek", devicePath(), __FILE__, __LINE__);
+  cIOExceptions::throwError(cIOException::Unsupported, "seek", devicePath());
 }
 
 unsigned long long cAbstractIODevice::pos() const {
-  cIOExceptions::throwError(cIOException::Unsupported, "pos", devicePath(), __FILE__, __LINE__);
+  cIOExceptions::throwError(cIOException::Unsupported, "pos", devicePath());
 }
 
 unsigned long long cAbstractIODevice::size() const {
-  cIOExceptions::throwError(cIOException::Unsupported, "size", devicePath(), __FILE__, __LINE__);
+  cIOExceptions::throwError(cIOException::Unsupported, "size", devicePath());
 }
 
 void cAbstractIODevice::flush() {}
 
 void cAbstractIODevice::readExactly(char* p, unsigned int n) {
-  if (read(p, n) != n) cIOExceptions::throwUnexpectedEnd(devicePath(), __FILE__, __LINE__);
+  if (read(p, n) != n) cIOExceptions::throwUnexpectedEnd(devicePath());
 }
 
 void cAbstractIODevice::readAll(qstd::tArray<char>& out) {
@@ -34,8 +34,7 @@ void cAbstractIODevice::readAll(qstd::tArray<char>& out) {
   try {
     for (;;) {
       if (out.size() > 0xFFFFFFFFu - chunk)
-        cIOExceptions::throwError(cIOException::Unsupported, "read", devicePath(), "Too large for one buffer", __FILE__,
-                                  __LINE__);
+        cIOExceptions::throwError(cIOException::Unsupported, "read", devicePath(), "Too large for one buffer");
       const unsigned int at = out.appendElements(chunk);
       const unsigned int got = read(out.data() + at, chunk);
       out.truncate(at + got);

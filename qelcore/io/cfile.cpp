@@ -24,7 +24,7 @@ void checkMode(unsigned int mode) {
       ((mode & (cFile::Read | cFile::Append)) || !(mode & cFile::Write) || !(mode & cFile::Create)))
     valid = false;
   if (mode & ~0x7Fu) valid = false;
-  if (!valid) cIOExceptions::throwInvalidOpenMode(mode, __FILE__, __LINE__);
+  if (!valid) cIOExceptions::throwInvalidOpenMode(mode);
 }
 
 }  // namespace
@@ -85,7 +85,7 @@ void cFile::open(const cFs& fs, const cPath& path, unsigned int mode) {
 bool cFile::isOpen() const { return mpImpl.get() != nullptr; }
 
 void cFile::requireOpen(const char* operation) const {
-  if (!mpImpl) cIOExceptions::throwNotOpen(operation, mPath, __FILE__, __LINE__);
+  if (!mpImpl) cIOExceptions::throwNotOpen(operation, mPath);
 }
 
 char* cFile::buffer() const {
@@ -115,8 +115,7 @@ void cFile::dropReadBuffer() const {
 
 unsigned int cFile::read(char* p, unsigned int n) {
   requireOpen("read");
-  if (!(miMode & Read))
-    cIOExceptions::throwError(cIOException::NotOpen, "read", mPath, "File not opened for reading", __FILE__, __LINE__);
+  if (!(miMode & Read)) cIOExceptions::throwError(cIOException::NotOpen, "read", mPath, "File not opened for reading");
   flushBuffer();
   unsigned int done = 0;
   if (miBufferPos < miBufferLength) {
@@ -137,9 +136,9 @@ unsigned int cFile::read(char* p, unsigned int n) {
 }
 
 void cFile::write(const char* p, unsigned int n) {
-  if (!mpImpl) cIOExceptions::throwWriteNotOpen(mPath, __FILE__, __LINE__);
+  if (!mpImpl) cIOExceptions::throwWriteNotOpen(mPath);
   if (!(miMode & (Write | Append)))
-    cIOExceptions::throwError(cIOException::NotOpen, "write", mPath, "File not opened for writing", __FILE__, __LINE__);
+    cIOExceptions::throwError(cIOException::NotOpen, "write", mPath, "File not opened for writing");
   dropReadBuffer();
   if (n >= kBufferSize) {
     flushBuffer();
@@ -192,8 +191,7 @@ void cFile::readAll(qstd::tArray<char>& out) {
   if (end > at) {
     const unsigned long long rest = end - at;
     if (rest > 0xFFFFFFFFull - out.size())
-      cIOExceptions::throwError(cIOException::Unsupported, "read", mPath, "Too large for one buffer", __FILE__,
-                                __LINE__);
+      cIOExceptions::throwError(cIOException::Unsupported, "read", mPath, "Too large for one buffer");
     // One allocation for what the size promises, then the generic reader
     // for anything the file grew by meanwhile.
     const unsigned int before = out.size();

@@ -78,7 +78,7 @@ bool cFs::isDirectory(const cPath& path) const {
 
 cFileAttributes cFs::attributes(const cPath& path) const {
   cFileAttributes a;
-  if (!mpImpl->attributes(path, a)) cIOExceptions::throwError(cIOException::NotFound, "stat", path, __FILE__, __LINE__);
+  if (!mpImpl->attributes(path, a)) cIOExceptions::throwError(cIOException::NotFound, "stat", path);
   return a;
 }
 
@@ -91,14 +91,13 @@ bool cFs::createDirs(const cPath& path) const {
   cFileAttributes a;
   if (mpImpl->attributes(target, a)) {
     if (a.isDirectory()) return false;
-    cIOExceptions::throwError(cIOException::AlreadyExists, "createDirs", target, __FILE__, __LINE__);
+    cIOExceptions::throwError(cIOException::AlreadyExists, "createDirs", target);
   }
   // The missing ones, deepest first; a root is its own parent.
   std::vector<cPath> missing(1, target);
   for (cPath up = target.parent(); !up.isEmpty() && up != missing.back(); up = up.parent()) {
     if (mpImpl->attributes(up, a)) {
-      if (!a.isDirectory())
-        cIOExceptions::throwError(cIOException::NotADirectory, "createDirs", up, __FILE__, __LINE__);
+      if (!a.isDirectory()) cIOExceptions::throwError(cIOException::NotADirectory, "createDirs", up);
       break;
     }
     missing.push_back(up);
@@ -178,8 +177,7 @@ void cFs::copyAll(const cPath& from, const cPath& to, bool replace) const {
     return;
   }
   if (absolute(to).beginsWith(absolute(from)))
-    cIOExceptions::throwError(cIOException::InvalidName, "copy", to, "A directory cannot be copied into itself",
-                              __FILE__, __LINE__);
+    cIOExceptions::throwError(cIOException::InvalidName, "copy", to, "A directory cannot be copied into itself");
   createDirs(to);
   std::vector<std::pair<cPath, cPath>> stack(1, std::make_pair(from, to));
   qucs::cString name;

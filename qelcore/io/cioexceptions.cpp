@@ -51,61 +51,59 @@ const char* cIOExceptions::kindText(cIOException::Kind kind) {
   return "I/O error";
 }
 
-void cIOExceptions::throwSystemError(const char* operation, const cPath& path, int osErrorCode, const char* file,
-                                     unsigned int line) {
+void cIOExceptions::throwSystemError(const char* operation, const cPath& path, int osErrorCode, qstd::cCallSite at) {
   throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsInfo::errorKind(osErrorCode)),
                      qstd::cAsciiString(orUnknown(operation)), path.toString(), osErrorCode, systemText(osErrorCode),
-                     file, line);
+                     at.file, at.line);
 }
 
 void cIOExceptions::throwSystemError(const char* operation, const cPath& path, const cPath& otherPath, int osErrorCode,
-                                     const char* file, unsigned int line) {
+                                     qstd::cCallSite at) {
   throw cIOException(static_cast<cIOException::Kind>(qpi::cNativeFsInfo::errorKind(osErrorCode)),
                      qstd::cAsciiString(orUnknown(operation)), path.toString(), otherPath.toString(), osErrorCode,
-                     systemText(osErrorCode), file, line);
+                     systemText(osErrorCode), at.file, at.line);
 }
 
-void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path, const char* file,
-                               unsigned int line) {
+void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path, qstd::cCallSite at) {
   throw cIOException(kind, qstd::cAsciiString(orUnknown(operation)), path.toString(), 0, qucs::cString(kindText(kind)),
-                     file, line);
+                     at.file, at.line);
 }
 
 void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path,
-                               const cPath& otherPath, const char* file, unsigned int line) {
+                               const cPath& otherPath, qstd::cCallSite at) {
   throw cIOException(kind, qstd::cAsciiString(orUnknown(operation)), path.toString(), otherPath.toString(), 0,
-                     qucs::cString(kindText(kind)), file, line);
+                     qucs::cString(kindText(kind)), at.file, at.line);
 }
 
 void cIOExceptions::throwError(cIOException::Kind kind, const char* operation, const cPath& path, const char* text,
-                               const char* file, unsigned int line) {
+                               qstd::cCallSite at) {
   throw cIOException(kind, qstd::cAsciiString(orUnknown(operation)), path.toString(), 0,
-                     qucs::cString(text ? text : kindText(kind)), file, line);
+                     qucs::cString(text ? text : kindText(kind)), at.file, at.line);
 }
 
-void cIOExceptions::throwWriteNotOpen(const cPath& path, const char* file, unsigned int line) {
+void cIOExceptions::throwWriteNotOpen(const cPath& path, qstd::cCallSite at) {
   throw cIOException(cIOException::NotOpen, qstd::cAsciiString("write"), path.toString(), 0,
-                     qucs::cString("Inavalid handle when writing to file!"), file, line);
+                     qucs::cString("Inavalid handle when writing to file!"), at.file, at.line);
 }
 
-void cIOExceptions::throwNotOpen(const char* operation, const cPath& path, const char* file, unsigned int line) {
-  throwError(cIOException::NotOpen, operation, path, file, line);
+void cIOExceptions::throwNotOpen(const char* operation, const cPath& path, qstd::cCallSite at) {
+  throwError(cIOException::NotOpen, operation, path, at);
 }
 
-void cIOExceptions::throwUnexpectedEnd(const cPath& path, const char* file, unsigned int line) {
-  throwError(cIOException::UnexpectedEnd, "read", path, file, line);
+void cIOExceptions::throwUnexpectedEnd(const cPath& path, qstd::cCallSite at) {
+  throwError(cIOException::UnexpectedEnd, "read", path, at);
 }
 
-void cIOExceptions::throwInvalidOpenMode(unsigned int mode, const char* file, unsigned int line) {
+void cIOExceptions::throwInvalidOpenMode(unsigned int mode, qstd::cCallSite at) {
   throw qstd::cBugException(qucs::cLIMessage("$QTR$Invalid open mode 0x%mode% for a file!")
                                 << qstd::cAsciiString().setUNum32(mode, qstd::cNumberConversionFormat(16)),
-                            file, line);
+                            at.file, at.line);
 }
 
-void cIOExceptions::throwMountCycle(const cPath& at, const char* file, unsigned int line) {
-  throw qstd::cBugException(
-      qucs::cLIMessage("$QTR$A file system cannot be mounted into itself (at \"%path%\")!") << at.toString(), file,
-      line);
+void cIOExceptions::throwMountCycle(const cPath& mountPoint, qstd::cCallSite at) {
+  throw qstd::cBugException(qucs::cLIMessage("$QTR$A file system cannot be mounted into itself (at \"%path%\")!")
+                                << mountPoint.toString(),
+                            at.file, at.line);
 }
 
 }  // namespace qio

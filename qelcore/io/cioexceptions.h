@@ -1,11 +1,13 @@
 // The throw functions of the file system layer. Every failure of a file
-// operation is raised here as cIOException with the caller's source file
-// and line, the operation, the path and the error text.
+// operation is raised here as cIOException with the operation, the path and
+// the error text; each function reports the file and line it was called
+// from (the default argument fills them in).
 #ifndef QELCORE_IO_CIOEXCEPTIONS_H
 #define QELCORE_IO_CIOEXCEPTIONS_H
 
 #include "qelcore/io/cioexception.h"
 #include "qelcore/qelexport.h"
+#include "qelcore/std/ccallsite.h"
 
 namespace qio {
 
@@ -15,30 +17,31 @@ class QEL_EXPORT cIOExceptions {
 public:
   // A system call failed with `osErrorCode` (errno, GetLastError()): the
   // kind and the text come from the platform.
-  [[noreturn]] static void throwSystemError(const char* operation, const cPath& path, int osErrorCode, const char* file,
-                                            unsigned int line);
+  [[noreturn]] static void throwSystemError(const char* operation, const cPath& path, int osErrorCode,
+                                            qstd::cCallSite at = qstd::cCallSite::here());
   [[noreturn]] static void throwSystemError(const char* operation, const cPath& path, const cPath& otherPath,
-                                            int osErrorCode, const char* file, unsigned int line);
+                                            int osErrorCode, qstd::cCallSite at = qstd::cCallSite::here());
   // A failure found without the system (in-memory file systems, checks
   // before a call): the kind's own text.
   [[noreturn]] static void throwError(cIOException::Kind kind, const char* operation, const cPath& path,
-                                      const char* file, unsigned int line);
+                                      qstd::cCallSite at = qstd::cCallSite::here());
   [[noreturn]] static void throwError(cIOException::Kind kind, const char* operation, const cPath& path,
-                                      const cPath& otherPath, const char* file, unsigned int line);
+                                      const cPath& otherPath, qstd::cCallSite at = qstd::cCallSite::here());
   // The same with a text of the caller's.
   [[noreturn]] static void throwError(cIOException::Kind kind, const char* operation, const cPath& path,
-                                      const char* text, const char* file, unsigned int line);
+                                      const char* text, qstd::cCallSite at = qstd::cCallSite::here());
   // Writing through a file that is not open: "Inavalid handle when writing
   // to file!".
-  [[noreturn]] static void throwWriteNotOpen(const cPath& path, const char* file, unsigned int line);
+  [[noreturn]] static void throwWriteNotOpen(const cPath& path, qstd::cCallSite at = qstd::cCallSite::here());
   // Any other operation through a file that is not open.
-  [[noreturn]] static void throwNotOpen(const char* operation, const cPath& path, const char* file, unsigned int line);
+  [[noreturn]] static void throwNotOpen(const char* operation, const cPath& path,
+                                        qstd::cCallSite at = qstd::cCallSite::here());
   // A read that needed more bytes than were there.
-  [[noreturn]] static void throwUnexpectedEnd(const cPath& path, const char* file, unsigned int line);
+  [[noreturn]] static void throwUnexpectedEnd(const cPath& path, qstd::cCallSite at = qstd::cCallSite::here());
   // cBugException: open flags that contradict each other.
-  [[noreturn]] static void throwInvalidOpenMode(unsigned int mode, const char* file, unsigned int line);
+  [[noreturn]] static void throwInvalidOpenMode(unsigned int mode, qstd::cCallSite at = qstd::cCallSite::here());
   // cBugException: a file system mounted into itself.
-  [[noreturn]] static void throwMountCycle(const cPath& at, const char* file, unsigned int line);
+  [[noreturn]] static void throwMountCycle(const cPath& mountPoint, qstd::cCallSite at = qstd::cCallSite::here());
 
   // The text a kind stands for when no system text is at hand.
   static const char* kindText(cIOException::Kind kind);

@@ -75,7 +75,7 @@ bool hiddenName(const qucs::cString& name) { return name.size() > 0 && name[0] =
 // The components of a path in this file system: relative paths start at
 // "/", ".." stops there, drive and share names are not found.
 void split(const cPath& path, const char* operation, tNames& out) {
-  if (path.hasRootName()) cIOExceptions::throwError(cIOException::NotFound, operation, path, __FILE__, __LINE__);
+  if (path.hasRootName()) cIOExceptions::throwError(cIOException::NotFound, operation, path);
   const cPath p = (cPath("/", path.style()) / path).normalised();
   const qucs::cString& s = p.toString();
   const unsigned int* c = s.data(true);
@@ -110,12 +110,12 @@ cNode* walk(cTree& tree, const tNames& names, std::size_t count, cIOException::K
 
 // The directory that holds the last name of `names`.
 cNode& parentOf(cTree& tree, const tNames& names, const char* operation, const cPath& path) {
-  if (names.empty()) cIOExceptions::throwError(cIOException::PermissionDenied, operation, path, __FILE__, __LINE__);
+  if (names.empty()) cIOExceptions::throwError(cIOException::PermissionDenied, operation, path);
   cIOException::Kind why = cIOException::NotFound;
   cNode* parent = walk(tree, names, names.size() - 1, why);
-  if (!parent) cIOExceptions::throwError(why, operation, path, __FILE__, __LINE__);
+  if (!parent) cIOExceptions::throwError(why, operation, path);
   if (parent->meType != cFileAttributes::Directory)
-    cIOExceptions::throwError(cIOException::NotADirectory, operation, path, __FILE__, __LINE__);
+    cIOExceptions::throwError(cIOException::NotADirectory, operation, path);
   return *parent;
 }
 
@@ -128,11 +128,11 @@ void resizeData(cNode& node, unsigned long long size, const char* operation, con
     const unsigned long long used = usage.miUsed.load();
     if (grow > usage.miCapacity || used > usage.miCapacity - grow ||
         size > static_cast<unsigned long long>(node.mData.max_size()))
-      cIOExceptions::throwError(cIOException::NoSpace, operation, path, __FILE__, __LINE__);
+      cIOExceptions::throwError(cIOException::NoSpace, operation, path);
     try {
       node.mData.resize(static_cast<std::size_t>(size));
     } catch (const std::bad_alloc&) {
-      cIOExceptions::throwError(cIOException::NoSpace, operation, path, __FILE__, __LINE__);
+      cIOExceptions::throwError(cIOException::NoSpace, operation, path);
     }
     usage.miUsed += grow;
   } else if (size < old) {
@@ -170,7 +170,7 @@ public:
     if (mbAppend) mullPos = mpNode->mData.size();
     if (n == 0) return;
     const unsigned long long end = mullPos + n;
-    if (end < mullPos) cIOExceptions::throwError(cIOException::NoSpace, "write", path(), __FILE__, __LINE__);
+    if (end < mullPos) cIOExceptions::throwError(cIOException::NoSpace, "write", path());
     if (end > mpNode->mData.size()) resizeData(*mpNode, end, "write", path());
     std::memcpy(mpNode->mData.data() + mullPos, p, n);
     mullPos = end;
@@ -206,7 +206,7 @@ public:
     cNode& parent = parentOf(*mpTree, mTarget, "save", path());
     auto it = parent.mChildren.find(mTarget.back());
     if (it != parent.mChildren.end() && it->second->meType == cFileAttributes::Directory)
-      cIOExceptions::throwError(cIOException::IsADirectory, "save", path(), __FILE__, __LINE__);
+      cIOExceptions::throwError(cIOException::IsADirectory, "save", path());
     parent.mChildren[mTarget.back()] = mpNode;
     parent.mullModified = now();
   }
@@ -280,24 +280,22 @@ public:
     auto it = parent.mChildren.find(names.back());
     const bool exists = it != parent.mChildren.end();
     if (exists && it->second->meType == cFileAttributes::Directory)
-      cIOExceptions::throwError(cIOException::IsADirectory, "open", path, __FILE__, __LINE__);
+      cIOExceptions::throwError(cIOException::IsADirectory, "open", path);
     if (mode & cFile::Atomic) {
       // A detached file that close() puts in place.
       std::shared_ptr<cNode> node =
           std::make_shared<cNode>(cFileAttributes::File, exists ? it->second->miPermissions : 0644u, mpTree->mpUsage);
       return qstd::tAutoPtr<cAbstractFileImpl>(new cMemoryFileImpl(path, mpTree, node, false, &names));
     }
-    if (exists && (mode & cFile::Exclusive))
-      cIOExceptions::throwError(cIOException::AlreadyExists, "open", path, __FILE__, __LINE__);
-    if (!exists && !(mode & cFile::Create))
-      cIOExceptions::throwError(cIOException::NotFound, "open", path, __FILE__, __LINE__);
+    if (exists && (mode & cFile::Exclusive)) cIOExceptions::throwError(cIOException::AlreadyExists, "open", path);
+    if (!exists && !(mode & cFile::Create)) cIOExceptions::throwError(cIOException::NotFound, "open", path);
     std::shared_ptr<cNode> node;
     if (exists) {
       node = it->second;
       const bool writes = (mode & (cFile::Write | cFile::Append)) != 0;
       if (((mode & cFile::Read) && !(node->miPermissions & cFileAttributes::OwnerRead)) ||
           (writes && !(node->miPermissions & cFileAttributes::OwnerWrite)))
-        cIOExceptions::throwError(cIOException::PermissionDenied, "open", path, __FILE__, __LINE__);
+        cIOExceptions::throwError(cIOException::PermissionDenied, "open", path);
       if (mode & cFile::Truncate) {
         resizeData(*node, 0, "open", path);
         node->mullModified = now();
@@ -319,9 +317,9 @@ public:
       std::lock_guard<std::mutex> lock(mpTree->mMutex);
       cIOException::Kind why = cIOException::NotFound;
       cNode* node = walk(*mpTree, names, names.size(), why);
-      if (!node) cIOExceptions::throwError(why, "list", path, __FILE__, __LINE__);
+      if (!node) cIOExceptions::throwError(why, "list", path);
       if (node->meType != cFileAttributes::Directory)
-        cIOExceptions::throwError(cIOException::NotADirectory, "list", path, __FILE__, __LINE__);
+        cIOExceptions::throwError(cIOException::NotADirectory, "list", path);
       // A snapshot: later changes do not disturb the listing.
       entries.reserve(node->mChildren.size());
       for (const auto& child : node->mChildren) entries.push_back(child);
@@ -333,10 +331,9 @@ public:
     tNames names;
     split(path, "createDir", names);
     std::lock_guard<std::mutex> lock(mpTree->mMutex);
-    if (names.empty()) cIOExceptions::throwError(cIOException::AlreadyExists, "createDir", path, __FILE__, __LINE__);
+    if (names.empty()) cIOExceptions::throwError(cIOException::AlreadyExists, "createDir", path);
     cNode& parent = parentOf(*mpTree, names, "createDir", path);
-    if (parent.mChildren.count(names.back()))
-      cIOExceptions::throwError(cIOException::AlreadyExists, "createDir", path, __FILE__, __LINE__);
+    if (parent.mChildren.count(names.back())) cIOExceptions::throwError(cIOException::AlreadyExists, "createDir", path);
     std::shared_ptr<cNode> node = std::make_shared<cNode>(cFileAttributes::Directory, 0755u, mpTree->mpUsage);
     parent.mChildren[names.back()] = node;
     parent.mullModified = node->mullModified;
@@ -349,10 +346,8 @@ public:
     std::lock_guard<std::mutex> lock(mpTree->mMutex);
     cNode& parent = parentOf(*mpTree, names, "remove", path);
     auto it = parent.mChildren.find(names.back());
-    if (it == parent.mChildren.end())
-      cIOExceptions::throwError(cIOException::NotFound, "remove", path, __FILE__, __LINE__);
-    if (!it->second->mChildren.empty())
-      cIOExceptions::throwError(cIOException::DirectoryNotEmpty, "remove", path, __FILE__, __LINE__);
+    if (it == parent.mChildren.end()) cIOExceptions::throwError(cIOException::NotFound, "remove", path);
+    if (!it->second->mChildren.empty()) cIOExceptions::throwError(cIOException::DirectoryNotEmpty, "remove", path);
     removed = it->second;
     parent.mChildren.erase(it);
     parent.mullModified = now();
@@ -410,12 +405,12 @@ private:
     split(path, operation, names);
     cIOException::Kind why = cIOException::NotFound;
     cNode* node = walk(*mpTree, names, names.size(), why);
-    if (!node) cIOExceptions::throwError(why, operation, path, __FILE__, __LINE__);
+    if (!node) cIOExceptions::throwError(why, operation, path);
     return *node;
   }
 
   [[noreturn]] static void fail(cIOException::Kind kind, const cPath& from, const cPath& to) {
-    cIOExceptions::throwError(kind, "rename", from, to, __FILE__, __LINE__);
+    cIOExceptions::throwError(kind, "rename", from, to);
   }
 
   std::shared_ptr<cTree> mpTree;

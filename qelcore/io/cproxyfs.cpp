@@ -59,7 +59,7 @@ public:
 
   cRoute route(const cPath& path, const char* operation) const {
     std::vector<cRoute> found;
-    if (!tryRoute(path, found)) cIOExceptions::throwError(cIOException::NotFound, operation, path, __FILE__, __LINE__);
+    if (!tryRoute(path, found)) cIOExceptions::throwError(cIOException::NotFound, operation, path);
     return found[0];
   }
 
@@ -149,7 +149,7 @@ public:
   void rename(const cPath& from, const cPath& to, bool replace) override {
     const cRoute a = route(from, "rename");
     const cRoute b = route(to, "rename");
-    if (a.fs != b.fs) cIOExceptions::throwError(cIOException::CrossDevice, "rename", from, to, __FILE__, __LINE__);
+    if (a.fs != b.fs) cIOExceptions::throwError(cIOException::CrossDevice, "rename", from, to);
     try {
       a.fs.impl().rename(a.inner, b.inner, replace);
     } catch (const cIOException& e) {
@@ -197,12 +197,11 @@ public:
   void mount(const cPath& at, const cFs& fs) {
     const cPath point = at.normalised();
     if (!point.hasRootDirectory())
-      cIOExceptions::throwError(cIOException::InvalidName, "mount", at, "A mount point must be absolute", __FILE__,
-                                __LINE__);
-    if (contains(&fs.impl(), this)) cIOExceptions::throwMountCycle(at, __FILE__, __LINE__);
+      cIOExceptions::throwError(cIOException::InvalidName, "mount", at, "A mount point must be absolute");
+    if (contains(&fs.impl(), this)) cIOExceptions::throwMountCycle(at);
     std::lock_guard<std::mutex> lock(mMutex);
     for (const cMount& m : mMounts)
-      if (m.at == point) cIOExceptions::throwError(cIOException::AlreadyExists, "mount", at, __FILE__, __LINE__);
+      if (m.at == point) cIOExceptions::throwError(cIOException::AlreadyExists, "mount", at);
     mMounts.push_back(cMount{point, fs, isCatchAll(point)});
   }
 
@@ -218,7 +217,7 @@ public:
         return;
       }
     }
-    cIOExceptions::throwError(cIOException::NotFound, "unmount", at, __FILE__, __LINE__);
+    cIOExceptions::throwError(cIOException::NotFound, "unmount", at);
   }
 
   bool isMountPoint(const cPath& at) const {
@@ -325,7 +324,7 @@ qstd::tAutoPtr<cAbstractDirImpl> cProxyFsImpl::openDir(const cPath& path) {
       if (mounts.empty() || e.kind() != cIOException::NotFound) rethrowOuter(e, r.inner, r.outer, nullptr, nullptr);
     }
   } else if (mounts.empty()) {
-    cIOExceptions::throwError(cIOException::NotFound, "list", path, __FILE__, __LINE__);
+    cIOExceptions::throwError(cIOException::NotFound, "list", path);
   }
   return qstd::tAutoPtr<cAbstractDirImpl>(new cProxyDirImpl(cFs(*this), dir, inner, mounts));
 }

@@ -94,7 +94,7 @@ bool cSearchPaths::contains(const cPath& dir) const { return mpImpl->indexOf(dir
 
 cPath cSearchPaths::find(const cPath& name) const {
   cPath found = tryFind(name);
-  if (found.isEmpty()) cIOExceptions::throwError(cIOException::NotFound, "find", name, __FILE__, __LINE__);
+  if (found.isEmpty()) cIOExceptions::throwError(cIOException::NotFound, "find", name);
   return found;
 }
 

@@ -20,7 +20,7 @@ bool cPosixDirImpl::next(qucs::cString& name, qio::cFileAttributes::Type& type) 
     const struct dirent* e = ::readdir(mpDir);
     if (!e) {
       mpName = nullptr;
-      if (errno != 0) qio::cIOExceptions::throwSystemError("list", mPath, errno, __FILE__, __LINE__);
+      if (errno != 0) qio::cIOExceptions::throwSystemError("list", mPath, errno);
       return false;
     }
     const char* n = e->d_name;

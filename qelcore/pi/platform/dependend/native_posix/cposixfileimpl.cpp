@@ -57,7 +57,7 @@ unsigned int cPosixFileImpl::read(char* p, unsigned int n) {
     const ssize_t got = ::read(miFd, p + done, chunk);
     if (got < 0) {
       if (errno == EINTR) continue;
-      qio::cIOExceptions::throwSystemError("read", path(), errno, __FILE__, __LINE__);
+      qio::cIOExceptions::throwSystemError("read", path(), errno);
     }
     if (got == 0) break;
     done += static_cast<unsigned int>(got);
@@ -72,45 +72,43 @@ void cPosixFileImpl::write(const char* p, unsigned int n) {
     const ssize_t put = ::write(miFd, p + done, chunk);
     if (put < 0) {
       if (errno == EINTR) continue;
-      qio::cIOExceptions::throwSystemError("write", path(), errno, __FILE__, __LINE__);
+      qio::cIOExceptions::throwSystemError("write", path(), errno);
     }
     // A write that takes nothing would never end: the device is full.
-    if (put == 0) qio::cIOExceptions::throwSystemError("write", path(), ENOSPC, __FILE__, __LINE__);
+    if (put == 0) qio::cIOExceptions::throwSystemError("write", path(), ENOSPC);
     done += static_cast<unsigned int>(put);
   }
 }
 
 void cPosixFileImpl::seek(unsigned long long pos) {
   if (pos > static_cast<unsigned long long>(LLONG_MAX) || ::lseek(miFd, static_cast<off_t>(pos), SEEK_SET) < 0)
-    qio::cIOExceptions::throwSystemError(
-        "seek", path(), pos > static_cast<unsigned long long>(LLONG_MAX) ? EINVAL : errno, __FILE__, __LINE__);
+    qio::cIOExceptions::throwSystemError("seek", path(),
+                                         pos > static_cast<unsigned long long>(LLONG_MAX) ? EINVAL : errno);
 }
 
 unsigned long long cPosixFileImpl::pos() {
   const off_t at = ::lseek(miFd, 0, SEEK_CUR);
-  if (at < 0) qio::cIOExceptions::throwSystemError("seek", path(), errno, __FILE__, __LINE__);
+  if (at < 0) qio::cIOExceptions::throwSystemError("seek", path(), errno);
   return static_cast<unsigned long long>(at);
 }
 
 unsigned long long cPosixFileImpl::size() {
   struct stat st;
-  if (::fstat(miFd, &st) != 0) qio::cIOExceptions::throwSystemError("size", path(), errno, __FILE__, __LINE__);
+  if (::fstat(miFd, &st) != 0) qio::cIOExceptions::throwSystemError("size", path(), errno);
   return st.st_size > 0 ? static_cast<unsigned long long>(st.st_size) : 0;
 }
 
 void cPosixFileImpl::resize(unsigned long long size) {
-  if (size > static_cast<unsigned long long>(LLONG_MAX))
-    qio::cIOExceptions::throwSystemError("resize", path(), EINVAL, __FILE__, __LINE__);
+  if (size > static_cast<unsigned long long>(LLONG_MAX)) qio::cIOExceptions::throwSystemError("resize", path(), EINVAL);
   int r;
   do {
     r = ::ftruncate(miFd, static_cast<off_t>(size));
   } while (r != 0 && errno == EINTR);
-  if (r != 0) qio::cIOExceptions::throwSystemError("resize", path(), errno, __FILE__, __LINE__);
+  if (r != 0) qio::cIOExceptions::throwSystemError("resize", path(), errno);
 }
 
 void cPosixFileImpl::sync() {
-  if (::fsync(miFd) != 0 && errno != EINVAL)
-    qio::cIOExceptions::throwSystemError("sync", path(), errno, __FILE__, __LINE__);
+  if (::fsync(miFd) != 0 && errno != EINVAL) qio::cIOExceptions::throwSystemError("sync", path(), errno);
 }
 
 void cPosixFileImpl::close() {
@@ -122,8 +120,7 @@ void cPosixFileImpl::close() {
   const int fd = miFd;
   miFd = -1;
   // Not repeated on EINTR: the descriptor is gone either way on Linux.
-  if (::close(fd) != 0 && errno != EINTR)
-    qio::cIOExceptions::throwSystemError("close", path(), errno, __FILE__, __LINE__);
+  if (::close(fd) != 0 && errno != EINTR) qio::cIOExceptions::throwSystemError("close", path(), errno);
 }
 
 void cPosixFileImpl::commit() {
@@ -137,7 +134,7 @@ void cPosixFileImpl::commit() {
   if (error == 0 && std::rename(mTempName.data(), mTargetName.data()) != 0) error = errno;
   if (error != 0) {
     ::unlink(mTempName.data());
-    qio::cIOExceptions::throwSystemError("save", path(), error, __FILE__, __LINE__);
+    qio::cIOExceptions::throwSystemError("save", path(), error);
   }
   syncDirectoryOf(mTargetName.data());
 }

@@ -59,11 +59,11 @@ bool cPosixFileInfoImpl::readAt(int dirFd, const char* name, const qio::cPath& p
   struct stat st;
   if (fstatat(dirFd, name, &st, AT_SYMLINK_NOFOLLOW) != 0) {
     if (vanished(errno)) return false;
-    qio::cIOExceptions::throwSystemError(operation, path, errno, __FILE__, __LINE__);
+    qio::cIOExceptions::throwSystemError(operation, path, errno);
   }
   const bool link = S_ISLNK(st.st_mode);
   if (link && fstatat(dirFd, name, &st, 0) != 0) {
-    if (!vanished(errno)) qio::cIOExceptions::throwSystemError(operation, path, errno, __FILE__, __LINE__);
+    if (!vanished(errno)) qio::cIOExceptions::throwSystemError(operation, path, errno);
     out.setSymLink(true);
     return false;
   }

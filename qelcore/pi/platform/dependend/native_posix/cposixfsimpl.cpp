@@ -25,8 +25,9 @@ namespace qpi {
 
 namespace {
 
-[[noreturn]] void fail(const char* operation, const qio::cPath& path, int error, unsigned int line) {
-  qio::cIOExceptions::throwSystemError(operation, path, error, __FILE__, line);
+[[noreturn]] void fail(const char* operation, const qio::cPath& path, int error,
+                       qstd::cCallSite at = qstd::cCallSite::here()) {
+  qio::cIOExceptions::throwSystemError(operation, path, error, at);
 }
 
 int openRetrying(const char* name, int flags, mode_t mode) {
@@ -60,12 +61,12 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cPosixFsImpl::open(const qio::cPath& path
   if (mode & qio::cFile::Truncate) flags |= O_TRUNC;
   if (mode & qio::cFile::Exclusive) flags |= O_EXCL;
   const int fd = openRetrying(name.c_str(), flags, 0666);
-  if (fd < 0) fail("open", path, errno, __LINE__);
+  if (fd < 0) fail("open", path, errno);
   // A directory opens for reading on Linux; only its reads would fail.
   struct stat st;
   if (::fstat(fd, &st) == 0 && S_ISDIR(st.st_mode)) {
     ::close(fd);
-    fail("open", path, EISDIR, __LINE__);
+    fail("open", path, EISDIR);
   }
   return qstd::tAutoPtr<qio::cAbstractFileImpl>(new cPosixFileImpl(path, fd));
 }
@@ -76,7 +77,7 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cPosixFsImpl::openAtomic(const qio::cPath
   struct stat st;
   bool replaces = false;
   if (::stat(target.c_str(), &st) == 0) {
-    if (S_ISDIR(st.st_mode)) fail("open", path, EISDIR, __LINE__);
+    if (S_ISDIR(st.st_mode)) fail("open", path, EISDIR);
     replaces = true;
   }
   // A hidden name beside the target, so that the rename stays within one
@@ -99,7 +100,7 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cPosixFsImpl::openAtomic(const qio::cPath
     const int fd = openRetrying(temp.data(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (fd < 0) {
       if (errno == EEXIST && attempt < 100) continue;
-      fail("open", path, errno, __LINE__);
+      fail("open", path, errno);
     }
     if (replaces) ::fchmod(fd, st.st_mode & 07777);
     qstd::tArray<char> targetName(target.c_str(), target.length() + 1);
@@ -110,13 +111,13 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cPosixFsImpl::openAtomic(const qio::cPath
 qstd::tAutoPtr<qio::cAbstractDirImpl> cPosixFsImpl::openDir(const qio::cPath& path) {
   cPosixName name(path, "list");
   DIR* dir = ::opendir(name.c_str());
-  if (!dir) fail("list", path, errno, __LINE__);
+  if (!dir) fail("list", path, errno);
   return qstd::tAutoPtr<qio::cAbstractDirImpl>(new cPosixDirImpl(path, dir));
 }
 
 void cPosixFsImpl::createDir(const qio::cPath& path) {
   cPosixName name(path, "createDir");
-  if (::mkdir(name.c_str(), 0777) != 0) fail("createDir", path, errno, __LINE__);
+  if (::mkdir(name.c_str(), 0777) != 0) fail("createDir", path, errno);
 }
 
 void cPosixFsImpl::remove(const qio::cPath& path) {
@@ -128,10 +129,10 @@ void cPosixFsImpl::remove(const qio::cPath& path) {
     struct stat st;
     if (::lstat(name.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) {
       if (::rmdir(name.c_str()) == 0) return;
-      fail("remove", path, errno == EEXIST ? ENOTEMPTY : errno, __LINE__);
+      fail("remove", path, errno == EEXIST ? ENOTEMPTY : errno);
     }
   }
-  fail("remove", path, error, __LINE__);
+  fail("remove", path, error);
 }
 
 void cPosixFsImpl::rename(const qio::cPath& from, const qio::cPath& to, bool replace) {
@@ -141,21 +142,18 @@ void cPosixFsImpl::rename(const qio::cPath& from, const qio::cPath& to, bool rep
 #ifdef RENAME_NOREPLACE
     if (::renameat2(AT_FDCWD, a.c_str(), AT_FDCWD, b.c_str(), RENAME_NOREPLACE) == 0) return;
     if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP)
-      qio::cIOExceptions::throwSystemError("rename", from, to, errno, __FILE__, __LINE__);
+      qio::cIOExceptions::throwSystemError("rename", from, to, errno);
 #endif
     // Without the system's help the check and the rename are two steps.
     struct stat st;
-    if (::lstat(b.c_str(), &st) == 0)
-      qio::cIOExceptions::throwSystemError("rename", from, to, EEXIST, __FILE__, __LINE__);
+    if (::lstat(b.c_str(), &st) == 0) qio::cIOExceptions::throwSystemError("rename", from, to, EEXIST);
   }
-  if (std::rename(a.c_str(), b.c_str()) != 0)
-    qio::cIOExceptions::throwSystemError("rename", from, to, errno, __FILE__, __LINE__);
+  if (std::rename(a.c_str(), b.c_str()) != 0) qio::cIOExceptions::throwSystemError("rename", from, to, errno);
 }
 
 void cPosixFsImpl::setPermissions(const qio::cPath& path, unsigned int permissions) {
   cPosixName name(path, "setPermissions");
-  if (::chmod(name.c_str(), static_cast<mode_t>(permissions & 07777u)) != 0)
-    fail("setPermissions", path, errno, __LINE__);
+  if (::chmod(name.c_str(), static_cast<mode_t>(permissions & 07777u)) != 0) fail("setPermissions", path, errno);
 }
 
 void cPosixFsImpl::setModificationTime(const qio::cPath& path, const qstd::cTime& time) {
@@ -165,14 +163,14 @@ void cPosixFsImpl::setModificationTime(const qio::cPath& path, const qstd::cTime
   times[0].tv_nsec = UTIME_OMIT;
   times[1].tv_sec = static_cast<time_t>(time.get() / 1000000ull);
   times[1].tv_nsec = static_cast<long>(time.get() % 1000000ull) * 1000L;
-  if (::utimensat(AT_FDCWD, name.c_str(), times, 0) != 0) fail("setModificationTime", path, errno, __LINE__);
+  if (::utimensat(AT_FDCWD, name.c_str(), times, 0) != 0) fail("setModificationTime", path, errno);
 }
 
 qio::cPath cPosixFsImpl::currentDirectory() {
   qstd::tArray<char> buffer(256);
   for (;;) {
     if (::getcwd(buffer.data(), buffer.size())) break;
-    if (errno != ERANGE || buffer.size() >= (1u << 24)) fail("currentDirectory", qio::cPath("."), errno, __LINE__);
+    if (errno != ERANGE || buffer.size() >= (1u << 24)) fail("currentDirectory", qio::cPath("."), errno);
     buffer.setSize(buffer.size() * 2);
   }
   qucs::cString text;

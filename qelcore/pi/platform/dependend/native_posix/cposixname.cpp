@@ -38,7 +38,7 @@ void cPosixName::encode(const unsigned int* p, unsigned int n, const qio::cPath&
     // The destructor does not run for a constructor that throws.
     if (mpName != maStack) std::free(mpName);
     mpName = maStack;
-    qio::cIOExceptions::throwError(qio::cIOException::InvalidName, operation, path, __FILE__, __LINE__);
+    qio::cIOExceptions::throwError(qio::cIOException::InvalidName, operation, path);
   }
   mpName[written] = '\0';
   miLength = written;

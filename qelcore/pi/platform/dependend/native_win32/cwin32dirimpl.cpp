@@ -27,8 +27,8 @@ cWin32DirImpl::cWin32DirImpl(const qio::cPath& path)
   cWin32Name name(path, "list");
   const DWORD attributes = GetFileAttributesW(name.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY))
-    qio::cIOExceptions::throwError(qio::cIOException::NotADirectory, "list", path, __FILE__, __LINE__);
-  qio::cIOExceptions::throwSystemError("list", path, static_cast<int>(error), __FILE__, __LINE__);
+    qio::cIOExceptions::throwError(qio::cIOException::NotADirectory, "list", path);
+  qio::cIOExceptions::throwSystemError("list", path, static_cast<int>(error));
 }
 
 cWin32DirImpl::~cWin32DirImpl() {
@@ -45,7 +45,7 @@ bool cWin32DirImpl::next(qucs::cString& name, qio::cFileAttributes::Type& type) 
         FindClose(mFind);
         mFind = INVALID_HANDLE_VALUE;
         if (error == ERROR_NO_MORE_FILES) return false;
-        qio::cIOExceptions::throwSystemError("list", mPath, static_cast<int>(error), __FILE__, __LINE__);
+        qio::cIOExceptions::throwSystemError("list", mPath, static_cast<int>(error));
       }
     }
     mbPending = false;

@@ -29,8 +29,8 @@ cWin32FileImpl::~cWin32FileImpl() {
   }
 }
 
-void cWin32FileImpl::fail(const char* operation, DWORD error, unsigned int line) const {
-  qio::cIOExceptions::throwSystemError(operation, path(), static_cast<int>(error), __FILE__, line);
+void cWin32FileImpl::fail(const char* operation, DWORD error, qstd::cCallSite at) const {
+  qio::cIOExceptions::throwSystemError(operation, path(), static_cast<int>(error), at);
 }
 
 unsigned int cWin32FileImpl::read(char* p, unsigned int n) {
@@ -41,7 +41,7 @@ unsigned int cWin32FileImpl::read(char* p, unsigned int n) {
     if (!ReadFile(mHandle, p + done, chunk, &got, nullptr)) {
       const DWORD error = GetLastError();
       if (error == ERROR_HANDLE_EOF || error == ERROR_BROKEN_PIPE) break;
-      fail("read", error, __LINE__);
+      fail("read", error);
     }
     if (got == 0) break;
     done += got;
@@ -53,14 +53,14 @@ void cWin32FileImpl::write(const char* p, unsigned int n) {
   if (mbAppend) {
     LARGE_INTEGER zero;
     zero.QuadPart = 0;
-    if (!SetFilePointerEx(mHandle, zero, nullptr, FILE_END)) fail("write", GetLastError(), __LINE__);
+    if (!SetFilePointerEx(mHandle, zero, nullptr, FILE_END)) fail("write", GetLastError());
   }
   unsigned int done = 0;
   while (done < n) {
     const DWORD chunk = n - done < kChunk ? n - done : kChunk;
     DWORD put = 0;
-    if (!WriteFile(mHandle, p + done, chunk, &put, nullptr)) fail("write", GetLastError(), __LINE__);
-    if (put == 0) fail("write", ERROR_DISK_FULL, __LINE__);
+    if (!WriteFile(mHandle, p + done, chunk, &put, nullptr)) fail("write", GetLastError());
+    if (put == 0) fail("write", ERROR_DISK_FULL);
     done += put;
   }
 }
@@ -69,19 +69,19 @@ void cWin32FileImpl::seek(unsigned long long pos) {
   LARGE_INTEGER to;
   to.QuadPart = static_cast<LONGLONG>(pos);
   if (to.QuadPart < 0 || !SetFilePointerEx(mHandle, to, nullptr, FILE_BEGIN))
-    fail("seek", to.QuadPart < 0 ? ERROR_NEGATIVE_SEEK : GetLastError(), __LINE__);
+    fail("seek", to.QuadPart < 0 ? ERROR_NEGATIVE_SEEK : GetLastError());
 }
 
 unsigned long long cWin32FileImpl::pos() {
   LARGE_INTEGER zero, at;
   zero.QuadPart = 0;
-  if (!SetFilePointerEx(mHandle, zero, &at, FILE_CURRENT)) fail("seek", GetLastError(), __LINE__);
+  if (!SetFilePointerEx(mHandle, zero, &at, FILE_CURRENT)) fail("seek", GetLastError());
   return static_cast<unsigned long long>(at.QuadPart);
 }
 
 unsigned long long cWin32FileImpl::size() {
   LARGE_INTEGER size;
-  if (!GetFileSizeEx(mHandle, &size)) fail("size", GetLastError(), __LINE__);
+  if (!GetFileSizeEx(mHandle, &size)) fail("size", GetLastError());
   return static_cast<unsigned long long>(size.QuadPart);
 }
 
@@ -89,15 +89,15 @@ void cWin32FileImpl::resize(unsigned long long newSize) {
   const unsigned long long at = pos();
   LARGE_INTEGER to;
   to.QuadPart = static_cast<LONGLONG>(newSize);
-  if (to.QuadPart < 0) fail("resize", ERROR_INVALID_PARAMETER, __LINE__);
+  if (to.QuadPart < 0) fail("resize", ERROR_INVALID_PARAMETER);
   const bool ok = SetFilePointerEx(mHandle, to, nullptr, FILE_BEGIN) && SetEndOfFile(mHandle);
   const DWORD error = ok ? 0 : GetLastError();
   seek(at);
-  if (!ok) fail("resize", error, __LINE__);
+  if (!ok) fail("resize", error);
 }
 
 void cWin32FileImpl::sync() {
-  if (!FlushFileBuffers(mHandle)) fail("sync", GetLastError(), __LINE__);
+  if (!FlushFileBuffers(mHandle)) fail("sync", GetLastError());
 }
 
 void cWin32FileImpl::close() {
@@ -105,7 +105,7 @@ void cWin32FileImpl::close() {
   HANDLE h = mHandle;
   mHandle = INVALID_HANDLE_VALUE;
   if (!mbAtomic) {
-    if (!CloseHandle(h)) fail("close", GetLastError(), __LINE__);
+    if (!CloseHandle(h)) fail("close", GetLastError());
     return;
   }
   // On the disk before it takes the target's name.
@@ -117,7 +117,7 @@ void cWin32FileImpl::close() {
     error = GetLastError();
   if (error != 0) {
     DeleteFileW(mTempName.data());
-    fail("save", error, __LINE__);
+    fail("save", error);
   }
 }
 

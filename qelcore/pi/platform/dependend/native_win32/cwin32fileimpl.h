@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include "qelcore/io/cabstractfileimpl.h"
+#include "qelcore/std/ccallsite.h"
 #include "qelcore/std/tarray.h"
 
 namespace qpi {
@@ -30,7 +31,7 @@ public:
   void close() override;
 
 private:
-  [[noreturn]] void fail(const char* operation, DWORD error, unsigned int line) const;
+  [[noreturn]] void fail(const char* operation, DWORD error, qstd::cCallSite at = qstd::cCallSite::here()) const;
 
   HANDLE mHandle;
   bool mbAppend;

@@ -52,7 +52,7 @@ bool cWin32FileInfoImpl::read(const wchar_t* name, const qio::cPath& path, qio::
   if (!GetFileAttributesExW(name, GetFileExInfoStandard, &data)) {
     const DWORD error = GetLastError();
     if (isMissing(error)) return false;
-    qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error), __FILE__, __LINE__);
+    qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error));
   }
   if (!(data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT)) {
     fromAttributes(data.dwFileAttributes, data.nFileSizeHigh, data.nFileSizeLow, data.ftCreationTime,
@@ -66,13 +66,13 @@ bool cWin32FileInfoImpl::read(const wchar_t* name, const qio::cPath& path, qio::
   if (h == INVALID_HANDLE_VALUE) {
     const DWORD error = GetLastError();
     if (isMissing(error)) return false;
-    qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error), __FILE__, __LINE__);
+    qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error));
   }
   BY_HANDLE_FILE_INFORMATION info;
   const BOOL ok = GetFileInformationByHandle(h, &info);
   const DWORD error = GetLastError();
   CloseHandle(h);
-  if (!ok) qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error), __FILE__, __LINE__);
+  if (!ok) qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error));
   fromAttributes(info.dwFileAttributes, info.nFileSizeHigh, info.nFileSizeLow, info.ftCreationTime,
                  info.ftLastAccessTime, info.ftLastWriteTime, out);
   out.setSymLink(true);

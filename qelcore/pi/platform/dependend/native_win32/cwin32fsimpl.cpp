@@ -16,8 +16,9 @@ namespace qpi {
 
 namespace {
 
-[[noreturn]] void fail(const char* operation, const qio::cPath& path, DWORD error, unsigned int line) {
-  qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error), __FILE__, line);
+[[noreturn]] void fail(const char* operation, const qio::cPath& path, DWORD error,
+                       qstd::cCallSite at = qstd::cCallSite::here()) {
+  qio::cIOExceptions::throwSystemError(operation, path, static_cast<int>(error), at);
 }
 
 // Shared like POSIX files: others may read, write, rename and delete.
@@ -58,14 +59,14 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cWin32FsImpl::open(const qio::cPath& path
     if (error == ERROR_ACCESS_DENIED) {
       const DWORD attributes = GetFileAttributesW(name.c_str());
       if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY))
-        qio::cIOExceptions::throwError(qio::cIOException::IsADirectory, "open", path, __FILE__, __LINE__);
+        qio::cIOExceptions::throwError(qio::cIOException::IsADirectory, "open", path);
     }
-    fail("open", path, error, __LINE__);
+    fail("open", path, error);
   }
   if (truncate && disposition == OPEN_ALWAYS && !SetEndOfFile(h)) {
     const DWORD error = GetLastError();
     CloseHandle(h);
-    fail("open", path, error, __LINE__);
+    fail("open", path, error);
   }
   return qstd::tAutoPtr<qio::cAbstractFileImpl>(new cWin32FileImpl(path, h, (mode & qio::cFile::Append) != 0));
 }
@@ -74,7 +75,7 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cWin32FsImpl::openAtomic(const qio::cPath
   cWin32Name target(path, "open");
   const DWORD existing = GetFileAttributesW(target.c_str());
   if (existing != INVALID_FILE_ATTRIBUTES && (existing & FILE_ATTRIBUTE_DIRECTORY))
-    qio::cIOExceptions::throwError(qio::cIOException::IsADirectory, "open", path, __FILE__, __LINE__);
+    qio::cIOExceptions::throwError(qio::cIOException::IsADirectory, "open", path);
   // A hidden name beside the target: the move stays on one volume.
   const qio::cPath dir = path.parent();
   for (unsigned int attempt = 0;; ++attempt) {
@@ -92,7 +93,7 @@ qstd::tAutoPtr<qio::cAbstractFileImpl> cWin32FsImpl::openAtomic(const qio::cPath
     if (h == INVALID_HANDLE_VALUE) {
       const DWORD error = GetLastError();
       if ((error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS) && attempt < 100) continue;
-      fail("open", path, error, __LINE__);
+      fail("open", path, error);
     }
     return qstd::tAutoPtr<qio::cAbstractFileImpl>(new cWin32FileImpl(path, h, copyName(temp), copyName(target)));
   }
@@ -104,13 +105,13 @@ qstd::tAutoPtr<qio::cAbstractDirImpl> cWin32FsImpl::openDir(const qio::cPath& pa
 
 void cWin32FsImpl::createDir(const qio::cPath& path) {
   cWin32Name name(path, "createDir");
-  if (!CreateDirectoryW(name.c_str(), nullptr)) fail("createDir", path, GetLastError(), __LINE__);
+  if (!CreateDirectoryW(name.c_str(), nullptr)) fail("createDir", path, GetLastError());
 }
 
 void cWin32FsImpl::remove(const qio::cPath& path) {
   cWin32Name name(path, "remove");
   const DWORD attributes = GetFileAttributesW(name.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) fail("remove", path, GetLastError(), __LINE__);
+  if (attributes == INVALID_FILE_ATTRIBUTES) fail("remove", path, GetLastError());
   const bool dir = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   // POSIX removes read-only files as well; so do we.
   if ((attributes & FILE_ATTRIBUTE_READONLY) && !dir)
@@ -118,7 +119,7 @@ void cWin32FsImpl::remove(const qio::cPath& path) {
   if (dir ? RemoveDirectoryW(name.c_str()) : DeleteFileW(name.c_str())) return;
   const DWORD error = GetLastError();
   if ((attributes & FILE_ATTRIBUTE_READONLY) && !dir) SetFileAttributesW(name.c_str(), attributes);
-  fail("remove", path, error, __LINE__);
+  fail("remove", path, error);
 }
 
 void cWin32FsImpl::rename(const qio::cPath& from, const qio::cPath& to, bool replace) {
@@ -132,45 +133,44 @@ void cWin32FsImpl::rename(const qio::cPath& from, const qio::cPath& to, bool rep
     if (source != INVALID_FILE_ATTRIBUTES && target != INVALID_FILE_ATTRIBUTES && (source & FILE_ATTRIBUTE_DIRECTORY) &&
         (target & FILE_ATTRIBUTE_DIRECTORY)) {
       if (!RemoveDirectoryW(b.c_str()))
-        qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(GetLastError()), __FILE__, __LINE__);
+        qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(GetLastError()));
       replacedDir = true;
     }
   }
   if (!MoveFileExW(a.c_str(), b.c_str(), replace ? MOVEFILE_REPLACE_EXISTING : 0)) {
     const DWORD error = GetLastError();
     if (replacedDir) CreateDirectoryW(b.c_str(), nullptr);  // the empty directory comes back
-    qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(error), __FILE__, __LINE__);
+    qio::cIOExceptions::throwSystemError("rename", from, to, static_cast<int>(error));
   }
 }
 
 void cWin32FsImpl::setPermissions(const qio::cPath& path, unsigned int permissions) {
   cWin32Name name(path, "setPermissions");
   const DWORD attributes = GetFileAttributesW(name.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) fail("setPermissions", path, GetLastError(), __LINE__);
+  if (attributes == INVALID_FILE_ATTRIBUTES) fail("setPermissions", path, GetLastError());
   // Windows keeps one bit of it: read-only, when the owner may not write.
   DWORD changed = attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
   if (!(permissions & qio::cFileAttributes::OwnerWrite)) changed |= FILE_ATTRIBUTE_READONLY;
-  if (changed != attributes && !SetFileAttributesW(name.c_str(), changed))
-    fail("setPermissions", path, GetLastError(), __LINE__);
+  if (changed != attributes && !SetFileAttributesW(name.c_str(), changed)) fail("setPermissions", path, GetLastError());
 }
 
 void cWin32FsImpl::setModificationTime(const qio::cPath& path, const qstd::cTime& time) {
   cWin32Name name(path, "setModificationTime");
   HANDLE h = CreateFileW(name.c_str(), FILE_WRITE_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                          FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-  if (h == INVALID_HANDLE_VALUE) fail("setModificationTime", path, GetLastError(), __LINE__);
+  if (h == INVALID_HANDLE_VALUE) fail("setModificationTime", path, GetLastError());
   const FILETIME ft = cWin32FileInfoImpl::fromMicros(time.get());
   const BOOL ok = SetFileTime(h, nullptr, nullptr, &ft);
   const DWORD error = GetLastError();
   CloseHandle(h);
-  if (!ok) fail("setModificationTime", path, error, __LINE__);
+  if (!ok) fail("setModificationTime", path, error);
 }
 
 qio::cPath cWin32FsImpl::currentDirectory() {
   const DWORD n = GetCurrentDirectoryW(0, nullptr);
   qstd::tArray<wchar_t> buffer(n + 1);
   const DWORD got = GetCurrentDirectoryW(n + 1, buffer.data());
-  if (got == 0 || got > n) fail("currentDirectory", qio::cPath("."), GetLastError(), __LINE__);
+  if (got == 0 || got > n) fail("currentDirectory", qio::cPath("."), GetLastError());
   qucs::cString text;
   cWin32Name::decode(buffer.data(), got, text);
   return qio::cPath(text);
@@ -179,7 +179,7 @@ qio::cPath cWin32FsImpl::currentDirectory() {
 qio::cPath cWin32FsImpl::tempDirectory() {
   wchar_t buffer[MAX_PATH + 2];
   const DWORD got = GetTempPathW(MAX_PATH + 1, buffer);
-  if (got == 0 || got > MAX_PATH + 1) fail("tempDirectory", qio::cPath(), GetLastError(), __LINE__);
+  if (got == 0 || got > MAX_PATH + 1) fail("tempDirectory", qio::cPath(), GetLastError());
   qucs::cString text;
   cWin32Name::decode(buffer, got, text);
   return qio::cPath(text);

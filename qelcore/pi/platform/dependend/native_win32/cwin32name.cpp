@@ -55,7 +55,7 @@ cWin32Name::cWin32Name(const qio::cPath& path, const char* operation, const char
     } else if (ch == 0 || ch > 0x10FFFF) {
       if (mpName != maStack) std::free(mpName);
       mpName = maStack;
-      qio::cIOExceptions::throwError(qio::cIOException::InvalidName, operation, path, __FILE__, __LINE__);
+      qio::cIOExceptions::throwError(qio::cIOException::InvalidName, operation, path);
     } else if (ch >= 0x10000) {
       ch -= 0x10000;
       mpName[w++] = static_cast<wchar_t>(0xD800 + (ch >> 10));
