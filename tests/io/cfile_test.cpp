@@ -250,3 +250,27 @@ TEST(FileIO, MovedFilesStayOpen) {
   b.close();
   EXPECT_EQ(readBack(dir.native() / "m"), "abcdef");
 }
+
+TEST(FileIO, PathsLongerThanTheClassicLimit) {
+  cTempDir dir;
+  qio::cFs fs = qio::cFs::system();
+  qio::cPath deep = dir.path();
+  for (int i = 0; i < 8; ++i) deep /= qio::cPath(("a-rather-long-directory-name-number-" + std::to_string(i)).c_str());
+  ASSERT_GT(deep.toString().size(), 300u);
+  EXPECT_TRUE(fs.createDirs(deep));
+  const qio::cPath file = deep / "f.txt";
+  fs.writeAll(file, "deep", 4);
+  qstd::tArray<char> back;
+  fs.readAll(file / ".." / "." / "f.txt", back);  // normalised on the way where the system needs it
+  EXPECT_EQ(text(back), "deep");
+  EXPECT_EQ(fs.attributes(file).size(), 4u);
+  EXPECT_EQ(fs.removeAll(dir / "a-rather-long-directory-name-number-0"), 9u);
+}
+
+TEST(FileIO, RelativePathsStartAtTheCurrentDirectory) {
+  qio::cFs fs = qio::cFs::system();
+  const qio::cPath cwd = fs.currentDirectory();
+  EXPECT_TRUE(cwd.isAbsolute());
+  EXPECT_EQ(fs.absolute("x/../y"), cwd / "y");
+  EXPECT_TRUE(fs.isDirectory("."));
+}
