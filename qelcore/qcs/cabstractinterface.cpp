@@ -26,13 +26,14 @@ cAbstractInterface::cAbstractInterface(const cInterfaceDesc& desc)
 cAbstractInterface::~cAbstractInterface() {
   // Every provider that still lists this interface drops its entries; each
   // entry unlinks itself from mpRegistrations as it goes.
-  while (mpRegistrations) {
-    cRegisteredInterface* entry = mpRegistrations;
-    if (entry->mpProvider) {
-      entry->mpProvider->forget(*this);
-    } else {
+  while (cRegisteredInterface* entry = mpRegistrations) {
+    if (entry->mpProvider) entry->mpProvider->forget(*this);
+    if (mpRegistrations == entry) {
+      // Its provider no longer lists it (the entry is being cleared away):
+      // just let go of each other.
       entry->unlink();
       entry->mpInterface = nullptr;
+      entry->mbOwned = false;
     }
   }
   // The bound signals are members of the derived class and already gone;

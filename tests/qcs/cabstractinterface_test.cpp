@@ -172,6 +172,26 @@ TEST(InterfaceProvider, EitherSideMayDieFirst) {
   EXPECT_EQ(c.numInterfaces(), 1u);
 }
 
+TEST(InterfaceProvider, AnInterfaceListedTwiceInOneProviderGoesOnce) {
+  bool gone = false;
+  {
+    cProvider p;
+    cAbstractInterface& twice = p.addInterface(qstd::tAutoPtr<cAbstractInterface>(new cPlain(provided("A"), &gone)));
+    p.addInterface(twice);
+    p.addInterface(twice);
+    EXPECT_EQ(p.numInterfaces(), 3u);
+  }
+  EXPECT_TRUE(gone);
+
+  gone = false;
+  cProvider p;
+  cAbstractInterface& twice = p.addInterface(qstd::tAutoPtr<cAbstractInterface>(new cPlain(provided("A"), &gone)));
+  p.addInterface(twice);
+  p.removeInterface(twice);
+  EXPECT_TRUE(gone);
+  EXPECT_EQ(p.numInterfaces(), 0u);
+}
+
 TEST(Interfaces, StoreThenLoadBuildsAProxyWhoseSlotsReachTheOriginal) {
   cRich original;
   qsa::cSerializeBinary s;
