@@ -126,6 +126,8 @@ TEST_F(ModuleManager, LookupsFindTheFirstListedComponentAndNameWhatIsMissing) {
   a.componentLocation() = cComponentLocation(old.address(), old.hostName(), "moved", old.pid());
   EXPECT_EQ(mMgr.hasComponent(old), nullptr);
   EXPECT_EQ(mMgr.hasComponent(a.location()), &a);
+  a.componentLocation() = b.location();  // two at one location: the first listed wins
+  EXPECT_EQ(mMgr.hasComponent(b.location()), &a);
   // And an interface removed from a component no longer leads to it.
   b.removeInterface(api);
   EXPECT_EQ(thrown<qcs::cNoPublicInterfaceException>([&] { mMgr.findComponent(api); }), "No public interface!");
