@@ -6,6 +6,7 @@
 #include "qelcore/pi/cabstractclassloader.h"
 #include "qelcore/pi/cabstractqelapp.h"
 #include "qelcore/pi/cplatform.h"
+#include "qelcore/pi/cwork.h"
 #include "qelcore/qcs/cnopublicinterfaceexception.h"
 #include "qelcore/qcs/cnosuchmoduleexception.h"
 #include "qelcore/sa/cdeserializebinary.h"
@@ -330,6 +331,36 @@ TEST_F(ModuleManager, APassAskedForDuringAPassIsDeferred) {
   add("b");
   pump(mMgr);
   EXPECT_EQ(mLog, (tLog{"registered 1:2", "nested loop done", "notified a", "registered 1:3", "notified b"}));
+}
+
+namespace {
+
+// The manager's works on the system's queue, by name.
+const qpi::cWork* workNamed(const char* name) {
+  for (const qstd::tSharedObject<qpi::cWork>& w : qpi::system().workQueue().jobs())
+    if (w && w->name() == name) return w.get();
+  return nullptr;
+}
+
+}  // namespace
+
+TEST(ModuleManagerLifetime, BothWorksLiveOnTheSystemQueueUnderTheirShortNames) {
+  {
+    qcstest::cManagerFixture f;
+    const qpi::cWork* pass = workNamed("ComponentManagement");
+    const qpi::cWork* idle = workNamed("ComapatIdle");
+    ASSERT_NE(pass, nullptr);
+    ASSERT_NE(idle, nullptr);
+    EXPECT_EQ(workNamed("component management (QEL Core)"), nullptr);
+    EXPECT_FALSE(pass->isStarted());  // nothing to do yet
+    EXPECT_TRUE(idle->isStarted());
+    EXPECT_EQ(idle->type(), qpi::cWork::Periodic);
+    EXPECT_EQ(idle->interval(), 4000u);
+    f.mMgr.handleComponentIterationLater();
+    EXPECT_TRUE(pass->isStarted());
+  }
+  EXPECT_EQ(workNamed("ComponentManagement"), nullptr);
+  EXPECT_EQ(workNamed("ComapatIdle"), nullptr);
 }
 
 TEST(ModuleManagerLifetime, DestroyingTheManagerDeletesOwnedComponentsInListOrder) {
