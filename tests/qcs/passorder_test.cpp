@@ -57,7 +57,7 @@ tLog run(unsigned int seed, bool wholeList) {
     auto pick = [&](unsigned int n) { return static_cast<unsigned int>(rng() % n); };
     const char* names[] = {"Counter", "Timer"};
     for (unsigned int step = 0; step < 300; ++step) {
-      const unsigned int what = pick(10);
+      const unsigned int what = pick(12);
       if (what < 3 || alive.empty()) {
         cMember* c = new cMember(f.mMgr, "c" + std::to_string(step), alive, log);
         if (pick(2)) c->offer(names[pick(2)]);
@@ -81,6 +81,11 @@ tLog run(unsigned int seed, bool wholeList) {
         cMember* target = alive[pick(static_cast<unsigned int>(alive.size()))];
         if (c->mpDep.get() && c->mpDep->algorithm() == cInterfaceDep::saUseExplicit)
           c->mpDep->setExplicit(target->location());
+      } else if (what == 7) {
+        alive[pick(static_cast<unsigned int>(alive.size()))]->offer(names[pick(2)]);  // a late interface
+      } else if (what == 8) {
+        cMember* c = alive[pick(static_cast<unsigned int>(alive.size()))];
+        if (c->numInterfaces() != 0) c->removeInterface(c->getInterface(0));
       } else if (f.mMgr.passRequested()) {
         qpi::system().exec();
       }
