@@ -44,6 +44,12 @@ public:
   // The platform's event processor: sleeps through the whole wait of a pass
   // in one call and cannot be woken early. The system's main queue uses it.
   static qstd::tAutoPtr<cAbstractProcessEvents> createProcessEvents();
+  // An event processor with asynchronous I/O: it waits on the descriptors
+  // (sockets on Windows) of the queue's asynchronous I/O works together with
+  // the queue's timed works, and another thread can wake it
+  // (cWorkQueue::post). Opt in with
+  // queue.setEvents(cPlatform::createAIOProcessEvents()).
+  static qstd::tAutoPtr<cAbstractProcessEvents> createAIOProcessEvents();
   // The file system and class loader factories join here with the file
   // system and module code.
 
