@@ -2,28 +2,41 @@
 #ifndef QELCORE_TESTS_RMI_RMITESTUTIL_H
 #define QELCORE_TESTS_RMI_RMITESTUTIL_H
 
-#include <string>
-#include <vector>
-
-#include "qelcore/std/cabstractexception.h"
+#include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/signal0.h"
 #include "qelcore/std/casciistring.h"
-#include "qelcore/ucs/climessage.h"
+
+#include "support/exceptiontext.h"
 
 namespace rmitest {
 
-// The exception's message with its values filled in.
-inline std::string textOf(const qstd::cAbstractException& e) {
-  qstd::cAsciiString text;
-  if (e.liMessage()) e.liMessage()->untranslated(text);
-  return text.c_str();
-}
+using qeltest::chainOf;
+using qeltest::textOf;
 
-// The messages of the whole chain, outermost first.
-inline std::vector<std::string> chainOf(const qstd::cAbstractException& e) {
-  std::vector<std::string> texts;
-  for (const qstd::cAbstractException* p = &e; p; p = p->history()) texts.push_back(textOf(*p));
-  return texts;
-}
+// A connectable with three public slots and a signal, as a service would publish them.
+class cService : public qrmi::cConnectable {
+public:
+  cService() {
+    qrmi::registerPublicSlot(*this, &cService::sltAdd, "add", "adds two numbers");
+    qrmi::registerPublicSlot(*this, &cService::sltRename, "rename");
+    qrmi::registerPublicSlot(*this, &cService::sltHello, "hello");
+  }
+  int sltAdd(int a, int b) {
+    ++miCalls;
+    return a + b;
+  }
+  qsa::piVoid sltRename(const qstd::cAsciiString& prefix, qstd::cAsciiString& name) {
+    ++miCalls;
+    name = prefix + name;
+    return qsa::piVoid();
+  }
+  qstd::cAsciiString sltHello() {
+    ++miCalls;
+    return qstd::cAsciiString("hello");
+  }
+  int miCalls = 0;
+  qrmi::localSignal2<qsa::piVoid, int, const qstd::cAsciiString&> sigChanged;
+};
 
 }  // namespace rmitest
 

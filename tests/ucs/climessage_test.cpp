@@ -4,12 +4,17 @@
 
 #include <gtest/gtest.h>
 
+#include "qelcore/sa/cdeserializebinary.h"
+#include "qelcore/sa/cserializebinary.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
+#include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/clilocale.h"
 #include "qelcore/ucs/clitrtable.h"
 #include "qelcore/ucs/cstring.h"
+
+#include "sa/archivetestutil.h"
 
 using qstd::cAsciiString;
 using qucs::cLIMessage;
@@ -157,4 +162,35 @@ TEST(LIMessage, LocaleTranslatesThroughItsTable) {
   fixed << "Welt";
   EXPECT_TRUE(de.translate(fixed, out));
   EXPECT_TRUE(out == "Hello Welt!");
+}
+
+TEST(LIMessage, MessageKeepsKeyParametersAndKinds) {
+  qucs::cLIMessage msg;
+  msg << "$QTR$%a% and %b% then %c%" << qucs::cString("t\\%") << 42 << 0.5;
+  qsa::cSerializeBinary s;
+  msg >> s;
+  qsa::cDeserializeBinary d(s.ownData());
+  qucs::cLIMessage back;
+  back << "$QTR$old";
+  back << d;
+  EXPECT_STREQ(back.key().c_str(), msg.key().c_str());
+  EXPECT_EQ(back.scanPosition(), msg.scanPosition());
+  ASSERT_EQ(back.paramCount(), 3u);
+  EXPECT_EQ(back.paramKind(1), qucs::cLIMessage::ParamInteger);
+  EXPECT_EQ(back.paramKind(2), qucs::cLIMessage::ParamDouble);
+  qucs::cString a, b;
+  msg.untranslated(a);
+  back.untranslated(b);
+  EXPECT_TRUE(a == b);
+
+  // A torn message leaves the old one in place.
+  satest::Bytes torn = satest::bytesOf(s);
+  torn.resize(torn.size() - 3);
+  qstd::tArray<char> data = satest::arrayOf(torn);
+  qsa::cDeserializeBinary t(data);
+  qucs::cLIMessage keep;
+  keep << "$QTR$keep";
+  EXPECT_THROW(keep << t, qstd::cRuntimeException);
+  EXPECT_STREQ(keep.key().c_str(), "keep");
+  EXPECT_EQ(t.currentPos(), 0u);
 }

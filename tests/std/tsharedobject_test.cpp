@@ -1,88 +1,22 @@
+#include "qelcore/std/tsharedobject.h"
+
 #include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
-#include "qelcore/std/tautoptr.h"
-#include "qelcore/std/tsharedobject.h"
 #include "qelcore/ucs/climessage.h"
 
-using qstd::tAutoPtr;
-using qstd::tAutoPtrType;
+#include "support/counted.h"
+
+using qeltest::alive;
+using qeltest::cCounted;
+using qeltest::cDerived;
+using qeltest::makeCounted;
 using qstd::tSharedObject;
 
-namespace {
+typedef qeltest::cCountedTest tSharedObjectTest;
 
-int gAlive = 0;
-
-struct cCounted {
-  cCounted() { ++gAlive; }
-  virtual ~cCounted() { --gAlive; }
-};
-struct cDerived : cCounted {
-  int miValue = 7;
-};
-
-tAutoPtr<cCounted> makeCounted() { return tAutoPtr<cCounted>(new cDerived); }
-
-class PointerTest : public ::testing::Test {
-protected:
-  void SetUp() override { gAlive = 0; }
-  void TearDown() override { EXPECT_EQ(0, gAlive); }
-};
-
-}  // namespace
-
-TEST_F(PointerTest, AutoPtrTransfersOnCopyAndFreesByType) {
-  {
-    tAutoPtr<cCounted> a(new cCounted);
-    tAutoPtr<cCounted> b(a);
-    EXPECT_EQ(nullptr, a.get());
-    EXPECT_FALSE(a);
-    EXPECT_TRUE(b);
-    tAutoPtr<cCounted> c;
-    c = b;
-    EXPECT_EQ(nullptr, b.get());
-    EXPECT_EQ(1, gAlive);
-    c = makeCounted();  // the old object goes, the returned one is taken over
-    EXPECT_EQ(1, gAlive);
-    tAutoPtr<cDerived> d(new cDerived);
-    tAutoPtr<cCounted> base(d);
-    EXPECT_EQ(nullptr, d.get());
-    EXPECT_EQ(2, gAlive);
-  }
-  EXPECT_EQ(0, gAlive);
-
-  {
-    tAutoPtr<cCounted> array(new cCounted[3], tAutoPtrType::ArrayObject);
-    EXPECT_EQ(3, gAlive);
-    EXPECT_EQ(tAutoPtrType::ArrayObject, array.pointerType());
-    EXPECT_EQ(&array.get()[2], &array[2]);
-  }
-  EXPECT_EQ(0, gAlive);
-
-  cCounted onStack;
-  {
-    tAutoPtr<cCounted> borrowed(&onStack, tAutoPtrType::NotOwned);
-    tAutoPtr<cCounted> other(&onStack, static_cast<tAutoPtrType::PointerType>(5));
-  }
-  EXPECT_EQ(1, gAlive);
-
-  tAutoPtr<cCounted> p(new cCounted);
-  cCounted* raw = p.get();
-  p.reset(raw);  // the same pointer: nothing freed
-  EXPECT_EQ(2, gAlive);
-  p.reinit(new cCounted);
-  EXPECT_EQ(2, gAlive);
-  delete p.release();
-  EXPECT_EQ(1, gAlive);
-  tAutoPtr<cCounted> q(new cCounted);
-  p.swap(q);
-  EXPECT_TRUE(p);
-  EXPECT_FALSE(q);
-  p.reset();
-}
-
-TEST_F(PointerTest, SharedObjectCountsOwnsAndInvalidates) {
+TEST_F(tSharedObjectTest, SharedObjectCountsOwnsAndInvalidates) {
   tSharedObject<cCounted> empty(static_cast<cCounted*>(nullptr));
   EXPECT_TRUE(empty.null());
   EXPECT_EQ(0u, empty.refCount());
@@ -98,7 +32,7 @@ TEST_F(PointerTest, SharedObjectCountsOwnsAndInvalidates) {
     }
     EXPECT_TRUE(a.unique());
   }  // not owned: the handles never delete it
-  EXPECT_EQ(0, gAlive);
+  EXPECT_EQ(0, alive());
 
   tSharedObject<cCounted> a(new cDerived);
   tSharedObject<cCounted> b(a);
@@ -107,7 +41,7 @@ TEST_F(PointerTest, SharedObjectCountsOwnsAndInvalidates) {
   EXPECT_EQ(3u, c.refCount());
   EXPECT_TRUE(a == c);
   c.invalidateObject();
-  EXPECT_EQ(0, gAlive);
+  EXPECT_EQ(0, alive());
   for (const tSharedObject<cCounted>* h : {&a, &b, &c}) {
     EXPECT_TRUE(h->null());
     EXPECT_EQ(0u, h->refCount());
@@ -130,10 +64,10 @@ TEST_F(PointerTest, SharedObjectCountsOwnsAndInvalidates) {
   tSharedObject<cDerived> derived(new cDerived);
   tSharedObject<cCounted> asBase(derived);
   derived = tSharedObject<cDerived>();
-  EXPECT_EQ(1, gAlive);
+  EXPECT_EQ(1, alive());
   EXPECT_EQ(7, asBase.dynamicCast<cDerived>()->miValue);
   asBase.reset();
-  EXPECT_EQ(0, gAlive);
+  EXPECT_EQ(0, alive());
 
   tSharedObject<cCounted> fromAuto(makeCounted());
   EXPECT_TRUE(fromAuto.unique());
@@ -155,13 +89,13 @@ struct cReentrant : cCounted {
 
 }  // namespace
 
-TEST_F(PointerTest, ObjectDestructorMayDropHandlesToItsOwnData) {
+TEST_F(tSharedObjectTest, ObjectDestructorMayDropHandlesToItsOwnData) {
   {
     tSharedObject<cCounted> last(new cReentrant);
     gHandle = &last;
   }  // the last handle goes; the copy in the destructor must not free the data
   gHandle = nullptr;
-  EXPECT_EQ(0, gAlive);
+  EXPECT_EQ(0, alive());
 
   tSharedObject<cCounted> one(new cReentrant);
   tSharedObject<cCounted> two(one);

@@ -1,3 +1,5 @@
+#include "qelcore/std/cnumberconversion.h"
+
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -7,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
-#include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionformat.h"
 #include "qelcore/std/coutofrangeexception.h"
 #include "qelcore/std/cruntimeexception.h"
@@ -237,35 +238,4 @@ TEST(NumberConversion, DoubleToTextMatchesThePlainRule) {
     }
     ASSERT_EQ(got, expected) << "value " << v << " precision " << f.precision();
   }
-}
-
-TEST(NumberConversion, Format) {
-  cNumberConversionFormat f;
-  EXPECT_EQ(f.base(), 10u);
-  EXPECT_EQ(f.precision(), 14u);
-  EXPECT_STREQ(f.getDigitSymbolSet(), "0123456789abcdefghijklmnopqrstuvwxyz");
-  EXPECT_EQ(f.digitChar(36), '\0');
-  EXPECT_THROW(f.digitChar(37), cOutOfRangeException);
-  EXPECT_THROW(cNumberConversionFormat(1), cRuntimeException);
-  try {
-    f.setBase(37);
-    FAIL();
-  } catch (const cRuntimeException& e) {
-    cAsciiString text;
-    e.liMessage()->untranslated(text);
-    EXPECT_STREQ(text.c_str(), "Invalid base for a decimal. The base must be between 2 and 36 but is 37!");
-  }
-  EXPECT_EQ(f.base(), 10u);
-  f.setDigitSymbol(10, 'X');
-  f.setDigitCase(cNumberConversionFormat::UpperCase);
-  EXPECT_EQ(f.digitChar(10), 'A');
-
-  // The system default is the process-wide format until one is installed.
-  EXPECT_EQ(&cNumberConversionFormat::systemDefault(),
-            &cNumberConversionFormat::getGlobalDefaultNumberConversionFormat());
-  cNumberConversionFormat hex(16);
-  const cNumberConversionFormat* previous = cNumberConversionFormat::installSystemDefault(&hex);
-  EXPECT_STREQ(cNumberConversion::toString(255).c_str(), "ff");
-  cNumberConversionFormat::installSystemDefault(previous);
-  EXPECT_STREQ(cNumberConversion::toString(255).c_str(), "255");
 }

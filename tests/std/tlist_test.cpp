@@ -1,0 +1,70 @@
+#include "qelcore/std/tlist.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "qelcore/std/cbugexception.h"
+
+#include "support/exceptiontext.h"
+
+using qeltest::textOf;
+
+namespace {
+
+template <typename L>
+std::string joined(const L& list) {
+  std::string s;
+  for (int v : list) s += std::to_string(v);
+  return s;
+}
+
+}  // namespace
+
+TEST(tList, WalkSurvivesEraseLaterOfTheCurrentEntry) {
+  qstd::tList<int> list{1, 2, 3, 4, 5};
+  for (auto it = list.begin(); it != list.end(); ++it) {
+    if (*it % 2 == 0) it.eraseLater();
+    if (*it == 3) list.append(7);  // reached by this walk
+  }
+  EXPECT_EQ("1357", joined(list));
+  EXPECT_EQ(4u, list.size());
+  EXPECT_TRUE(list.hasMarked());
+
+  // A nested walk (a nested loop run from an entry) skips marks of the outer one.
+  std::string seen;
+  for (auto outer = list.begin(); outer != list.end(); ++outer) {
+    if (*outer == 3) {
+      list.eraseLater(outer);
+      for (int v : list) seen += std::to_string(v);
+    }
+  }
+  EXPECT_EQ("157", seen);
+  EXPECT_EQ(1, list.first());
+  EXPECT_EQ(7, list.last());
+  list.removeLater(7);
+  EXPECT_EQ(5, list.last());
+  list.purge();
+  EXPECT_FALSE(list.hasMarked());
+  EXPECT_EQ("15", joined(list));
+
+  auto next = list.erase(list.begin());
+  EXPECT_EQ(5, *next);
+  EXPECT_TRUE(list.remove(5));
+  EXPECT_FALSE(list.remove(5));
+  EXPECT_TRUE(list.empty());
+  try {
+    list.first();
+    ADD_FAILURE();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ("Element could not be found in \"tList\" while operation \"first\"!", textOf(e));
+  }
+  list.prepend(2);
+  list.prepend(1);
+  list.insert(list.end(), 3);
+  qstd::tList<int> copy(list);
+  list.eraseLater(list.begin());
+  qstd::tList<int> liveOnly(list);
+  EXPECT_EQ("123", joined(copy));
+  EXPECT_EQ("23", joined(liveOnly));
+}

@@ -1,0 +1,42 @@
+// The texts of exceptions as tests compare them: the message with its values
+// filled in, untranslated.
+#ifndef QELCORE_TESTS_SUPPORT_EXCEPTIONTEXT_H
+#define QELCORE_TESTS_SUPPORT_EXCEPTIONTEXT_H
+
+#include <string>
+#include <vector>
+
+#include "qelcore/std/cabstractexception.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/ucs/climessage.h"
+
+namespace qeltest {
+
+// The exception's own message; empty when it has none.
+inline std::string textOf(const qstd::cAbstractException& e) {
+  qstd::cAsciiString text;
+  if (e.liMessage()) e.liMessage()->untranslated(text);
+  return text.c_str();
+}
+
+// The messages of the whole chain, outermost first.
+inline std::vector<std::string> chainOf(const qstd::cAbstractException& e) {
+  std::vector<std::string> texts;
+  for (const qstd::cAbstractException* p = &e; p; p = p->history()) texts.push_back(textOf(*p));
+  return texts;
+}
+
+// Runs `f`, which must throw E, and returns the exception's message.
+template <typename E, typename F>
+std::string thrownText(F f) {
+  try {
+    f();
+  } catch (const E& e) {
+    return textOf(e);
+  }
+  return "<nothing thrown>";
+}
+
+}  // namespace qeltest
+
+#endif
