@@ -84,24 +84,3 @@ TEST(Work, ActionWithoutReceiversDoesNothingAndCountsTheTrigger) {
   EXPECT_NE(w.statistic().debugInfo()->lastTrigger.get(), 0u);
   EXPECT_NE(w.statistic().debugInfo()->startTraceLength, 0u);
 }
-
-TEST(ParentWatch, BecomesNullWhenTheParentDiesAndAssertsOnUse) {
-  qstd::tParentWatch<cWork> watch;
-  {
-    cWork parent;
-    watch.set(&parent);
-    EXPECT_EQ(watch.get(), &parent);
-    EXPECT_EQ(&*watch, &parent);
-  }
-  EXPECT_EQ(watch.get(), nullptr);
-  try {
-    watch->stop();
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_NE(messageOf(e).find("(mpObject != 0)"), std::string::npos);
-  }
-  // The watch may also die first.
-  cWork parent;
-  { qstd::tParentWatch<cWork> shortLived(&parent); }
-  EXPECT_EQ(parent.sigDestroyed.slotCount(), 0u);
-}

@@ -7,7 +7,6 @@
 
 #include "qelcore/pi/cfdaiodata.h"
 #include "qelcore/pi/clocaleventloop.h"
-#include "qelcore/pi/cwqdebug.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cruntimeexception.h"
@@ -44,12 +43,6 @@ public:
     return piVoid();
   }
 };
-
-std::string idOf(const cWork* w) {
-  char text[40];
-  std::snprintf(text, sizeof text, "\"%llx\"", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(w)));
-  return text;
-}
 
 }  // namespace
 
@@ -363,7 +356,7 @@ TEST(WorkQueueErrors, ProcessingWithoutAProcessorIsABug) {
   EXPECT_TRUE(out.contains("No event processor!"));
 }
 
-TEST(WorkQueueDumps, StatusDumpAndDotGraph) {
+TEST(WorkQueueDumps, StatusDumpListsEveryWork) {
   cTestQueue q;
   cJob tickJob;
   tSharedObject<cWork> tick = makeJob(q, tickJob, "tick");
@@ -389,29 +382,4 @@ TEST(WorkQueueDumps, StatusDumpAndDotGraph) {
       "   * Triggered: 0 / numStarted: 0",
   };
   EXPECT_EQ(lines, expected);
-
-  const std::string dot = qpi::cWqDebug::dot(&q).c_str();
-  const std::string t = idOf(tick.get()), c = idOf(child.get());
-  EXPECT_EQ(dot,
-            "digraph G {\n" + t +
-                " [ label=\"Periodic\\ntick\\n(250ms interval), Active, Keep)\",shape=\"ellipse\",style=\"filled\","
-                "color=\"grey\" ];\n" +
-                c +
-                " [ label=\"Single task\\nchild\\n(planned in 0ms)\",shape=\"ellipse\",style=\"filled\","
-                "color=\"lightgrey\" ];\n" +
-                t + " -> " + c + ";\n}\n");
-}
-
-TEST(WorkQueueDumps, TheRunningWorkIsMarkedCurrentInTheGraph) {
-  cTestQueue q;
-  cJob job;
-  tSharedObject<cWork> w = makeJob(q, job, "");
-  std::string dot;
-  job.body = [&] { dot = qpi::cWqDebug::dot(&q).c_str(); };
-  w->start(0, cWork::SingleTask);
-  q.process();
-  EXPECT_NE(dot.find("label=\"Single task\\n\\n(planned in 0ms, Current)\",shape=\"doubleoctagon\",style=\"filled\","
-                     "color=\"LightSteelBlue\" ];"),
-            std::string::npos)
-      << dot;
 }
