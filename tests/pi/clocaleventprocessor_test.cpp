@@ -16,23 +16,10 @@ using qpi::cAbstractProcessEvents;
 using qpi::cWork;
 using qsa::piVoid;
 
-namespace {
-
-class cFinishCounter : public qrmi::cConnectable {
-public:
-  int finished = 0;
-  piVoid sltFinished() {
-    ++finished;
-    return piVoid();
-  }
-};
-
-}  // namespace
-
 TEST(LocalEventProcessor, ReturnsAtOnceWhileTheQueueHoldsWork) {
   qpi::cLocalEventProcessor events;
-  cFinishCounter counter;
-  events.sigFinished.connect(counter, &cFinishCounter::sltFinished);
+  qeltest::cFinishCounter counter;
+  events.sigFinished.connect(counter, &qeltest::cFinishCounter::sltFinished);
   cAbstractProcessEvents::tJobs jobs;
   cWork w;
   jobs.append(qstd::tSharedObject<cWork>(w));
@@ -46,8 +33,8 @@ TEST(LocalEventProcessor, ReturnsAtOnceWhileTheQueueHoldsWork) {
 
 TEST(LocalEventProcessor, WaitsForAnEmptyQueueUntilTheTimeIsUpOrItIsWoken) {
   qpi::cLocalEventProcessor events;
-  cFinishCounter counter;
-  events.sigFinished.connect(counter, &cFinishCounter::sltFinished);
+  qeltest::cFinishCounter counter;
+  events.sigFinished.connect(counter, &qeltest::cFinishCounter::sltFinished);
   cAbstractProcessEvents::tJobs none;
 
   qstd::cTime start;

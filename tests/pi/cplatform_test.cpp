@@ -15,17 +15,13 @@
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/cstring.h"
 
+#include "support/exceptiontext.h"
+
 using qpi::cPlatform;
 
 namespace {
 
 bool onWindows() { return cPlatform::createPlatformInfo()->platformName() == "Win32"; }
-
-std::string messageOf(const qstd::cAbstractException& e) {
-  qucs::cString text;
-  e.createMessage(text, qucs::cString(""), 0, nullptr);
-  return text.ascii().c_str();
-}
 
 }  // namespace
 
@@ -63,7 +59,7 @@ TEST(PlatformMutex, IsRecursiveAndTryLockFollowsThePlatform) {
         m->tryLock();
         FAIL();
       } catch (const qstd::cRuntimeException& e) {
-        EXPECT_EQ(messageOf(e), "Trylock is not supported on win32 yet!");
+        EXPECT_EQ(qeltest::textOf(e), "Trylock is not supported on win32 yet!");
       }
     }
   } else {

@@ -13,6 +13,7 @@
 #include "qelcore/ucs/cstring.h"
 
 #include "support/capturingout.h"
+#include "support/exceptiontext.h"
 #include "support/worktestutil.h"
 
 using qeltest::cJob;
@@ -26,19 +27,13 @@ using qstd::tSharedObject;
 
 namespace {
 
-std::string messageOf(const qstd::cAbstractException& e) {
-  qucs::cString text;
-  e.createMessage(text, qucs::cString(""), 0, nullptr);
-  return text.ascii().c_str();
-}
-
 // Receives action errors: what arrived and whether from a descendant.
 class cErrorSink : public qrmi::cConnectable {
 public:
   std::vector<std::string> messages;
   std::vector<bool> fromDescendant;
   piVoid sltError(const qstd::cAbstractException& e, bool descendant) {
-    messages.push_back(messageOf(e));
+    messages.push_back(qeltest::textOf(e));
     fromDescendant.push_back(descendant);
     return piVoid();
   }
@@ -335,7 +330,7 @@ TEST(WorkQueueErrors, AnIOWorkFailingThreeTimesInARowIsStoppedAsAmuck) {
     q.process();
     FAIL() << "an amuck work must stop the pass";
   } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(messageOf(e), "Stopping amuck work \"reader\"!");
+    EXPECT_EQ(qeltest::textOf(e), "Stopping amuck work \"reader\"!");
   }
   EXPECT_EQ(job.calls, 3);
   EXPECT_FALSE(io->isStarted());
@@ -350,7 +345,7 @@ TEST(WorkQueueErrors, ProcessingWithoutAProcessorIsABug) {
     q.process();
     FAIL();
   } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(messageOf(e), "No process event manager for workqueue!");
+    EXPECT_EQ(qeltest::textOf(e), "No process event manager for workqueue!");
   }
   EXPECT_TRUE(out.contains("*** WORKQUEUE HAS BEEN FOUND A BUG ***"));
   EXPECT_TRUE(out.contains("No event processor!"));
@@ -359,14 +354,8 @@ TEST(WorkQueueErrors, ProcessingWithoutAProcessorIsABug) {
 TEST(WorkQueueDumps, StatusDumpListsEveryWork) {
   cTestQueue q;
   cJob tickJob;
-  tSharedObject<cWork> tick = makeJob(q, tickJob, "tick");
-  tSharedObject<cWork> child;
-  tickJob.body = [&] {
-    if (!child) child = makeJob(q, tickJob, "child");
-  };
-  tick->start(0, cWork::Periodic);
-  q.process();
-  tick->start(250, cWork::Periodic);
+  tSharedObject<cWork> tick, child;
+  qeltest::tickWithChild(q, tickJob, tick, child);
 
   qeltest::cCapturingOut out;
   q.debugDump(qpi::cAbstractOut::LevelWarning);

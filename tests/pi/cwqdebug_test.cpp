@@ -29,14 +29,8 @@ std::string idOf(const cWork* w) {
 TEST(WqDebug, DotGraphHasANodePerWorkAndAnEdgePerParent) {
   cTestQueue q;
   cJob tickJob;
-  tSharedObject<cWork> tick = makeJob(q, tickJob, "tick");
-  tSharedObject<cWork> child;
-  tickJob.body = [&] {
-    if (!child) child = makeJob(q, tickJob, "child");
-  };
-  tick->start(0, cWork::Periodic);
-  q.process();
-  tick->start(250, cWork::Periodic);
+  tSharedObject<cWork> tick, child;
+  qeltest::tickWithChild(q, tickJob, tick, child);
 
   const std::string dot = qpi::cWqDebug::dot(&q).c_str();
   const std::string t = idOf(tick.get()), c = idOf(child.get());

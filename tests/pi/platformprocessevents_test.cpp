@@ -17,23 +17,10 @@ using qpi::cAbstractProcessEvents;
 using qpi::cWork;
 using qsa::piVoid;
 
-namespace {
-
-class cFinishCounter : public qrmi::cConnectable {
-public:
-  int finished = 0;
-  piVoid sltFinished() {
-    ++finished;
-    return piVoid();
-  }
-};
-
-}  // namespace
-
 TEST(PlatformProcessEvents, SleepsThroughTheWholeWaitAndCannotBeWoken) {
   qstd::tAutoPtr<cAbstractProcessEvents> events(qpi::cPlatform::createProcessEvents());
-  cFinishCounter counter;
-  events->sigFinished.connect(counter, &cFinishCounter::sltFinished);
+  qeltest::cFinishCounter counter;
+  events->sigFinished.connect(counter, &qeltest::cFinishCounter::sltFinished);
   EXPECT_FALSE(events->supportsAIO());
   EXPECT_FALSE(events->isAsynchronous());
   cAbstractProcessEvents::tJobs jobs;

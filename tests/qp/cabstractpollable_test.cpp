@@ -7,19 +7,11 @@
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/ucs/cstring.h"
 
+#include "qp/processtestutil.h"
+
 using qp::cAbstractProcess;
 
-namespace {
-
-class cScan : public qp::cAbstractPollable {
-public:
-  cScan() {}
-  explicit cScan(qp::cAbstractProcessData& d) : cAbstractPollable(d) {}
-  void start() { processData().restart(); }
-  void finish() { processData().setFinished(); }
-};
-
-}  // namespace
+using qeltest::cScan;
 
 TEST(ProcessData, ServesOneProcessAtATime) {
   qp::cBasicProcessData data;

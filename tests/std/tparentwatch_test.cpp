@@ -8,17 +8,9 @@
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/ucs/cstring.h"
 
+#include "support/exceptiontext.h"
+
 using qpi::cWork;
-
-namespace {
-
-std::string messageOf(const qstd::cAbstractException& e) {
-  qucs::cString text;
-  e.createMessage(text, qucs::cString(""), 0, nullptr);
-  return text.ascii().c_str();
-}
-
-}  // namespace
 
 TEST(ParentWatch, BecomesNullWhenTheParentDiesAndAssertsOnUse) {
   qstd::tParentWatch<cWork> watch;
@@ -33,7 +25,7 @@ TEST(ParentWatch, BecomesNullWhenTheParentDiesAndAssertsOnUse) {
     watch->stop();
     FAIL();
   } catch (const qstd::cBugException& e) {
-    EXPECT_NE(messageOf(e).find("(mpObject != 0)"), std::string::npos);
+    EXPECT_NE(qeltest::textOf(e).find("(mpObject != 0)"), std::string::npos);
   }
   // The watch may also die first.
   cWork parent;

@@ -64,11 +64,8 @@ void cPosixAIOProcessEvents::collect(tJobs& jobs) {
   mvWatches.clear();
   mWanted.clear();
   for (tJobs::iterator it = jobs.begin(); it != jobs.end(); ++it) {
-    cWork* w = it->get();
-    if (!w || !w->isStarted() || w->type() != cWork::AsyncIO || !w->hasAIOData()) continue;
-    cFDAIOData* data = w->aioData().isFDAIOData();
+    cFDAIOData* data = waitingFDData(*it);
     if (!data) continue;
-    data->clearReadyEvents();
     for (unsigned int i = 0; i < data->fds().size(); ++i) {
       const tFdInfo& info = data->fds()[i];
       if (info.fd < 0 || info.fd == miWakeFd) continue;
