@@ -24,6 +24,10 @@
 namespace qucs {
 class cString;
 }
+namespace qio {
+class cAbstractFsImpl;
+class cFs;
+}  // namespace qio
 
 namespace qpi {
 
@@ -50,8 +54,9 @@ public:
   // (cWorkQueue::post). Opt in with
   // queue.setEvents(cPlatform::createAIOProcessEvents()).
   static qstd::tAutoPtr<cAbstractProcessEvents> createAIOProcessEvents();
-  // The file system and class loader factories join here with the file
-  // system and module code.
+  // The native file system for `fs` (see qio::cFs).
+  static qstd::tAutoPtr<qio::cAbstractFsImpl> createFsImpl(qio::cFs& fs);
+  // The class loader factory joins here with the module code.
 
   // Sleeps one millisecond.
   static void yield();

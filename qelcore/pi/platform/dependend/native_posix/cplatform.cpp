@@ -13,6 +13,7 @@
 
 #include "qelcore/pi/cpiexceptions.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixaioprocessevents.h"
+#include "qelcore/pi/platform/dependend/native_posix/cposixfsimpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixmuteximpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixplatforminfo.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixprocessevents.h"
@@ -55,6 +56,10 @@ qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createAIOProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cPosixAIOProcessEvents);
+}
+
+qstd::tAutoPtr<qio::cAbstractFsImpl> cPlatform::createFsImpl(qio::cFs&) {
+  return qstd::tAutoPtr<qio::cAbstractFsImpl>(new cPosixFsImpl);
 }
 
 void cPlatform::yield() {
