@@ -168,6 +168,7 @@
 #include "qelcore/qcs/cnosuchmoduleexception.h"
 #include "qelcore/qcs/cqcsexceptionfactory.h"
 #include "qelcore/qcs/cqcsexceptions.h"
+#include "qelcore/qcs/cqueuedslotcalln.h"
 #include "qelcore/qcs/cregisteredinterface.h"
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/cunmatchedinterfaceexception.h"
