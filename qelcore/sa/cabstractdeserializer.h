@@ -11,6 +11,7 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
+#include "qelcore/sa/cpositionguard.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 
@@ -25,7 +26,13 @@ class cReferenceFrame;
 
 class QEL_EXPORT cAbstractDeserializer {
 public:
-  cAbstractDeserializer() : mbPreferNoLabels(false) {}
+  cAbstractDeserializer() : mbPreferNoLabels(false), mpPosition(0) {}
+  // A copy keeps the label preference; its position is its own (trackPosition()).
+  cAbstractDeserializer(const cAbstractDeserializer& other) : mbPreferNoLabels(other.mbPreferNoLabels), mpPosition(0) {}
+  cAbstractDeserializer& operator=(const cAbstractDeserializer& other) {
+    mbPreferNoLabels = other.mbPreferNoLabels;
+    return *this;
+  }
   virtual ~cAbstractDeserializer();
 
   virtual void loadBlock(qstd::tArray<char>& block) = 0;
@@ -63,9 +70,19 @@ public:
   void setPreferNoLabels(bool bPrefer) { mbPreferNoLabels = bPrefer; }
   bool noLabelsPreferred() const { return mbPreferNoLabels; }
 
+protected:
+  // An archive that keeps its read position in an unsigned counter names it
+  // here, so that cPositionGuard can put it back when a sequence of values fails.
+  void trackPosition(unsigned int* pPosition) { mpPosition = pPosition; }
+
 private:
+  friend class cPositionGuard;
+
   bool mbPreferNoLabels;
+  unsigned int* mpPosition;
 };
+
+inline cPositionGuard::cPositionGuard(cAbstractDeserializer& archive) : cPositionGuard(archive.mpPosition) {}
 
 inline cAbstractDeserializer& operator<<(char& v, cAbstractDeserializer& d) {
   d.load(v);

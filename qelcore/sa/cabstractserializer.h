@@ -10,6 +10,7 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
+#include "qelcore/sa/cpositionguard.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayref.h"
@@ -22,7 +23,13 @@ namespace qsa {
 
 class QEL_EXPORT cAbstractSerializer {
 public:
-  cAbstractSerializer() : mbPreferNoLabels(false) {}
+  cAbstractSerializer() : mbPreferNoLabels(false), mpPosition(0) {}
+  // A copy keeps the label preference; its position is its own (trackPosition()).
+  cAbstractSerializer(const cAbstractSerializer& other) : mbPreferNoLabels(other.mbPreferNoLabels), mpPosition(0) {}
+  cAbstractSerializer& operator=(const cAbstractSerializer& other) {
+    mbPreferNoLabels = other.mbPreferNoLabels;
+    return *this;
+  }
   virtual ~cAbstractSerializer();
 
   virtual void storeBlock(const char* pData, unsigned int iSize) = 0;
@@ -59,9 +66,19 @@ public:
   void setPreferNoLabels(bool bPrefer) { mbPreferNoLabels = bPrefer; }
   bool noLabelsPreferred() const { return mbPreferNoLabels; }
 
+protected:
+  // An archive that keeps its write position in an unsigned counter names it
+  // here, so that cPositionGuard can put it back when a sequence of values fails.
+  void trackPosition(unsigned int* pPosition) { mpPosition = pPosition; }
+
 private:
+  friend class cPositionGuard;
+
   bool mbPreferNoLabels;
+  unsigned int* mpPosition;
 };
+
+inline cPositionGuard::cPositionGuard(cAbstractSerializer& archive) : cPositionGuard(archive.mpPosition) {}
 
 inline cAbstractSerializer& operator>>(char v, cAbstractSerializer& s) {
   s.store(v);

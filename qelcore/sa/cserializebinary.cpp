@@ -1,8 +1,8 @@
 #include "qelcore/sa/cserializebinary.h"
 
 #include "qelcore/sa/cabstracttypereference.h"
-#include "qelcore/sa/cbinarybytes.h"
 #include "qelcore/sa/csaexceptions.h"
+#include "qelcore/sa/detail/csbinarystorecontextdata.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/ucs/cendecutf8.h"
@@ -10,35 +10,15 @@
 
 namespace qsa {
 
-using namespace binarybytes;
-
-namespace {
-
-// Puts the write position back unless the operation completed.
-class cPosGuard {
-public:
-  explicit cPosGuard(unsigned int& pos) : mrPos(pos), miSaved(pos), mbCommitted(false) {}
-  ~cPosGuard() {
-    if (!mbCommitted) mrPos = miSaved;
-  }
-  void commit() { mbCommitted = true; }
-  unsigned int saved() const { return miSaved; }
-
-private:
-  unsigned int& mrPos;
-  unsigned int miSaved;
-  bool mbCommitted;
-};
-
-}  // namespace
-
 cSerializeBinary::cSerializeBinary() : mrData(mOwnData), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
   setPreferNoLabels(true);
+  trackPosition(&miPos);
 }
 
 cSerializeBinary::cSerializeBinary(qstd::tArray<char>& target)
     : mrData(target), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
   setPreferNoLabels(true);
+  trackPosition(&miPos);
 }
 
 cSerializeBinary::cSerializeBinary(const cSerializeBinary& other)
@@ -47,7 +27,9 @@ cSerializeBinary::cSerializeBinary(const cSerializeBinary& other)
       mrData(mOwnData),
       miPos(other.miPos),
       mpCurrent(0),
-      meStringStoreMode(other.meStringStoreMode) {}
+      meStringStoreMode(other.meStringStoreMode) {
+  trackPosition(&miPos);
+}
 
 cSerializeBinary::~cSerializeBinary() { detachContexts(); }
 
@@ -101,7 +83,7 @@ void cSerializeBinary::storeRaw(const char* p, unsigned int n) {
 }
 
 void cSerializeBinary::storeBlock(const char* pData, unsigned int iSize) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   if (iSize < 0xFFFFFFFFu) {
     char* p = reserve(8);
     put32(p, idRawBytes);
@@ -118,7 +100,7 @@ void cSerializeBinary::storeBlock(const char* pData, unsigned int iSize) {
 }
 
 void cSerializeBinary::store(const qucs::cString& value) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   const unsigned int n = value.size();
   if (meStringStoreMode == StoreUCS4) {
     if (n > (0xFFFFFFFFu - 8) / 4)
@@ -155,7 +137,7 @@ void cSerializeBinary::clear() {
 }
 
 cContextRef cSerializeBinary::newContext(const char* pName) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   const unsigned int begin = miPos;
   storeTypeId(idContext);
   const unsigned int sizePos = miPos;
@@ -176,7 +158,7 @@ void cSerializeBinary::releaseCurrentContext() {
 }
 
 cAbstractSerializer& cSerializeBinary::newLabel(const qstd::cAsciiString& name) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   storeTypeId(idLabel);
   store(name);
   guard.commit();
@@ -237,7 +219,7 @@ void cSBinaryStoreContextData::finish() {
   cSerializeBinary& s = *mpSerializer;
   miEnd = s.miPos;
   // The size element was written with the header, so it is overwritten in place.
-  put32(s.mrData.data() + miSizePos + 4, miEnd - miSizePos);
+  cSerializeBinary::put32(s.mrData.data() + miSizePos + 4, miEnd - miSizePos);
   mbFinished = true;
 }
 
