@@ -59,6 +59,8 @@ private:
   template <std::size_t... I>
   void callFromArchive(qsa::cAbstractDeserializer& in, qsa::cAbstractSerializer& out, std::index_sequence<I...>) const {
     tValues values;
+    // Arguments that do not fit are left unread.
+    qsa::cPositionGuard guard(in);
     try {
       int expand[] = {0, ((std::get<I>(values) << in), 0)...};
       (void)expand;
@@ -69,6 +71,7 @@ private:
     } catch (const qstd::cAbstractException& e) {
       cRMIExceptions::throwParameterMissmatch(this->isPublicSlot(), e);
     }
+    guard.commit();
     tValueType<R> result = (mpTarget->*mpMethod)(std::get<I>(values)...);
     result >> out;
     int expand[] = {0, (storeIfAlterable<A>(std::get<I>(values), out), 0)...};

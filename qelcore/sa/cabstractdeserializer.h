@@ -5,6 +5,9 @@
 //   cAbstractDeserializer& operator<<(cAbstractDeserializer&);
 // Labels in front of a value are skipped when the value is loaded, so
 // readers load in the order the writer stored, with or without labels.
+// A load that fails leaves the reader where it stood; objects made of several
+// values keep that promise with a cPositionGuard over the whole sequence, and
+// change themselves only when every value was read.
 #ifndef QELCORE_SA_CABSTRACTDESERIALIZER_H
 #define QELCORE_SA_CABSTRACTDESERIALIZER_H
 
@@ -130,9 +133,10 @@ inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeseria
   return d;
 }
 // Other arrays, as their writer stored them ("Grow", then "Data"). The
-// array changes only when all of it was read.
+// array changes, and the reader moves, only when all of it was read.
 template <class T, class Traits>
 cAbstractDeserializer& operator<<(qstd::tArray<T, Traits>& v, cAbstractDeserializer& d) {
+  cPositionGuard guard(d);
   unsigned int growStep = 0;
   growStep << d;
   qstd::tArray<T, Traits> read;
@@ -151,6 +155,7 @@ cAbstractDeserializer& operator<<(qstd::tArray<T, Traits>& v, cAbstractDeseriali
       read.append(element);
     }
   }
+  guard.commit();
   v.swap(read);
   return d;
 }

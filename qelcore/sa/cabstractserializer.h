@@ -131,6 +131,7 @@ cAbstractSerializer& operator>>(const char*, cAbstractSerializer&) = delete;
 // element count, then the elements; bytes as one block).
 template <class T, class Traits>
 cAbstractSerializer& operator>>(const qstd::tArray<T, Traits>& v, cAbstractSerializer& s) {
+  cPositionGuard guard(s);
   const bool labels = !s.noLabelsPreferred();
   if (labels) s.newLabel("Grow");
   s.store(v.growStep());
@@ -141,6 +142,7 @@ cAbstractSerializer& operator>>(const qstd::tArray<T, Traits>& v, cAbstractSeria
     s.store(v.size());
     for (unsigned int i = 0; i < v.size(); ++i) v[i] >> s;
   }
+  guard.commit();
   return s;
 }
 

@@ -184,33 +184,40 @@ void cAbstractException::createMessage(qucs::cString& out, const qucs::cString& 
 }
 
 void cAbstractException::store(qsa::cAbstractSerializer& s) const {
+  qsa::cPositionGuard guard(s);
   typeName() >> s;
   static_cast<int>(meType) >> s;
   mbOutOfMemory >> s;
+  guard.commit();
 }
 
 void cAbstractException::load(qsa::cAbstractDeserializer& d) {
+  qsa::cPositionGuard guard(d);
   int type = 0;
   bool outOfMemory = false;
   type << d;
   outOfMemory << d;
   if (type != TypeBug && type != TypeRuntime)
     cSTDExceptions::throwOutOfRange("cAbstractException", "load", OutOfRangeValue, type, TypeBug, TypeRuntime);
+  guard.commit();
   meType = static_cast<Type>(type);
   mbOutOfMemory = outOfMemory;
 }
 
 void cAbstractException::storeRecursive(qsa::cAbstractSerializer& s) const {
   QEL_TRACE("cAbstractException::storeRecursive");
+  qsa::cPositionGuard guard(s);
   for (const cAbstractException* e = this; e; e = e->mpHistory) {
     true >> s;
     e->store(s);
   }
   false >> s;
+  guard.commit();
 }
 
 tAutoPtr<cAbstractException> cAbstractException::createFromStream(qsa::cAbstractDeserializer& d,
                                                                   const cAbstractExceptionFactory& factory) {
+  qsa::cPositionGuard guard(d);
   tAutoPtr<cAbstractException> first;
   cAbstractException* last = nullptr;
   for (unsigned int n = 0;; ++n) {
@@ -235,6 +242,7 @@ tAutoPtr<cAbstractException> cAbstractException::createFromStream(qsa::cAbstract
       last = next;
     }
   }
+  guard.commit();
   return first;
 }
 

@@ -41,13 +41,17 @@ void cBugException::throwAssertionFailed(const char* expr, const char* file, uns
 }
 
 void cBugException::store(qsa::cAbstractSerializer& s) const {
+  qsa::cPositionGuard guard(s);
   cAbstractException::store(s);
   mMessage >> s;
+  guard.commit();
 }
 
 void cBugException::load(qsa::cAbstractDeserializer& d) {
+  qsa::cPositionGuard guard(d);
   cAbstractException::load(d);
   mMessage << d;
+  guard.commit();
 }
 
 }  // namespace qstd

@@ -37,13 +37,17 @@ const qucs::cLIMessage* cRuntimeException::liMessage() const { return &mMessage;
 void cRuntimeException::setMsg(const qucs::cLIMessage& msg) { mMessage = msg; }
 
 void cRuntimeException::store(qsa::cAbstractSerializer& s) const {
+  qsa::cPositionGuard guard(s);
   cAbstractException::store(s);
   mMessage >> s;
+  guard.commit();
 }
 
 void cRuntimeException::load(qsa::cAbstractDeserializer& d) {
+  qsa::cPositionGuard guard(d);
   cAbstractException::load(d);
   mMessage << d;
+  guard.commit();
 }
 
 }  // namespace qstd
