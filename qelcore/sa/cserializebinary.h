@@ -88,8 +88,10 @@ public:
 
   // The array written into, cut to the written bytes.
   qstd::tArray<char>& ownData();
-  // Rewrites the element at `position` (which must be of the same size) with
-  // the referenced value; the write position stays.
+  // Rewrites the element at `position` with the referenced value; the write
+  // position stays. The value must have the element's type and size (a value
+  // made of several elements, those of the elements that follow): otherwise
+  // the type mismatch or the patch size error is thrown and nothing changes.
   void patch(unsigned int position, const cAbstractTypeReference& value);
   unsigned int currentPos() const { return miPos; }
   void setStringStoreMode(StringStoreMode mode) { meStringStoreMode = mode; }
@@ -143,6 +145,7 @@ private:
     miPos += size * count;
   }
   [[noreturn]] static void throwStringTooLong(unsigned int n);
+  static unsigned long long elementEnd(const char* pData, unsigned int pos, unsigned int limit);
   void storeTypeId(unsigned int id);
   void storeRaw(const char* p, unsigned int n);
   void detachContexts();
