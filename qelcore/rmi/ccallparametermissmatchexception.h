@@ -8,19 +8,15 @@
 
 namespace qrmi {
 
-class QEL_EXPORT cCallParameterMissmatchException : public qstd::cBugException {
+class QEL_EXPORT cCallParameterMissmatchException
+    : public qstd::tException<cCallParameterMissmatchException, qstd::cBugException> {
 public:
-  cCallParameterMissmatchException();
+  static const char* staticTypeName() { return "cCallParameterMissmatchException"; }
+
+  cCallParameterMissmatchException() {}
   cCallParameterMissmatchException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName, const char* file,
                                    unsigned int line);
-  cCallParameterMissmatchException(const cCallParameterMissmatchException& other);
-  cCallParameterMissmatchException& operator=(const cCallParameterMissmatchException& other);
-  ~cCallParameterMissmatchException() override;
-  void swap(cCallParameterMissmatchException& other);
 
-  qstd::cAbstractException* createObject() const override;
-  qstd::cAbstractException* clone() const override;
-  qstd::cAsciiString typeName() const override;
   const qstd::cAsciiString& slotName() const { return msSlot; }
 
 private:

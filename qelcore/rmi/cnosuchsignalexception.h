@@ -8,19 +8,14 @@
 
 namespace qrmi {
 
-class QEL_EXPORT cNoSuchSignalException : public qstd::cRuntimeException {
+class QEL_EXPORT cNoSuchSignalException : public qstd::tException<cNoSuchSignalException, qstd::cRuntimeException> {
 public:
-  cNoSuchSignalException();
+  static const char* staticTypeName() { return "cNoSuchSignalException"; }
+
+  cNoSuchSignalException() {}
   cNoSuchSignalException(const qucs::cLIMessage& msg, const qstd::cAsciiString& signalName, const char* file,
                          unsigned int line);
-  cNoSuchSignalException(const cNoSuchSignalException& other);
-  cNoSuchSignalException& operator=(const cNoSuchSignalException& other);
-  ~cNoSuchSignalException() override;
-  void swap(cNoSuchSignalException& other);
 
-  qstd::cAbstractException* createObject() const override;
-  qstd::cAbstractException* clone() const override;
-  qstd::cAsciiString typeName() const override;
   const qstd::cAsciiString& signalName() const { return msSignal; }
 
 private:

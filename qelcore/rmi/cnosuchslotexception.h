@@ -8,19 +8,14 @@
 
 namespace qrmi {
 
-class QEL_EXPORT cNoSuchSlotException : public qstd::cRuntimeException {
+class QEL_EXPORT cNoSuchSlotException : public qstd::tException<cNoSuchSlotException, qstd::cRuntimeException> {
 public:
-  cNoSuchSlotException();
+  static const char* staticTypeName() { return "cNoSuchSlotException"; }
+
+  cNoSuchSlotException() {}
   cNoSuchSlotException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName,
                        const qstd::cAsciiString& slotArgs, const char* file, unsigned int line);
-  cNoSuchSlotException(const cNoSuchSlotException& other);
-  cNoSuchSlotException& operator=(const cNoSuchSlotException& other);
-  ~cNoSuchSlotException() override;
-  void swap(cNoSuchSlotException& other);
 
-  qstd::cAbstractException* createObject() const override;
-  qstd::cAbstractException* clone() const override;
-  qstd::cAsciiString typeName() const override;
   const qstd::cAsciiString& slotName() const { return msSlot; }
   const qstd::cAsciiString& slotArgs() const { return msArgs; }
 

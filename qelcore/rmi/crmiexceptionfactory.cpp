@@ -4,16 +4,12 @@
 #include "qelcore/rmi/cnosuchsignalexception.h"
 #include "qelcore/rmi/cnosuchslotexception.h"
 #include "qelcore/rmi/cunconnectedsignalexception.h"
-#include "qelcore/std/casciistring.h"
 
 namespace qrmi {
 
 qstd::cAbstractException* cRMIExceptionFactory::createException(const qstd::cAsciiString& typeName) const {
-  if (typeName == "cUnconnectedSignalException") return new cUnconnectedSignalException();
-  if (typeName == "cNoSuchSlotException") return new cNoSuchSlotException();
-  if (typeName == "cNoSuchSignalException") return new cNoSuchSignalException();
-  if (typeName == "cCallParameterMissmatchException") return new cCallParameterMissmatchException();
-  return nullptr;
+  return qstd::createExceptionNamed<cUnconnectedSignalException, cNoSuchSlotException, cNoSuchSignalException,
+                                    cCallParameterMissmatchException>(typeName);
 }
 
 }  // namespace qrmi

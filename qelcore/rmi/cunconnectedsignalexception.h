@@ -3,23 +3,17 @@
 #define QELCORE_RMI_CUNCONNECTEDSIGNALEXCEPTION_H
 
 #include "qelcore/qelexport.h"
-#include "qelcore/std/casciistring.h"
 #include "qelcore/std/cruntimeexception.h"
 
 namespace qrmi {
 
-class QEL_EXPORT cUnconnectedSignalException : public qstd::cRuntimeException {
+class QEL_EXPORT cUnconnectedSignalException
+    : public qstd::tException<cUnconnectedSignalException, qstd::cRuntimeException> {
 public:
-  cUnconnectedSignalException();
-  cUnconnectedSignalException(const qucs::cLIMessage& msg, const char* file, unsigned int line);
-  cUnconnectedSignalException(const cUnconnectedSignalException& other);
-  cUnconnectedSignalException& operator=(const cUnconnectedSignalException& other);
-  ~cUnconnectedSignalException() override;
-  void swap(cUnconnectedSignalException& other);
+  static const char* staticTypeName() { return "cUnconnectedSignalException"; }
 
-  qstd::cAbstractException* createObject() const override;
-  qstd::cAbstractException* clone() const override;
-  qstd::cAsciiString typeName() const override;
+  cUnconnectedSignalException() {}
+  cUnconnectedSignalException(const qucs::cLIMessage& msg, const char* file, unsigned int line);
 };
 
 }  // namespace qrmi

@@ -17,41 +17,10 @@ qucs::cLIMessage labeledMessage(const qstd::cAsciiString& expected, const qstd::
 
 }  // namespace
 
-cLabeledTypeMissmatchException::cLabeledTypeMissmatchException() {}
-
 cLabeledTypeMissmatchException::cLabeledTypeMissmatchException(const qstd::cAsciiString& expected,
                                                                const qstd::cAsciiString& got,
-                                                               const qstd::cAsciiString& label)
-    : qstd::cTypeMissmatchException(labeledMessage(expected, got, label), expected, got), mLabel(label) {}
-
-cLabeledTypeMissmatchException::cLabeledTypeMissmatchException(const cLabeledTypeMissmatchException& other)
-    : qstd::cTypeMissmatchException(other), mLabel(other.mLabel) {}
-
-cLabeledTypeMissmatchException& cLabeledTypeMissmatchException::operator=(const cLabeledTypeMissmatchException& other) {
-  if (this != &other) {
-    qstd::cTypeMissmatchException::operator=(other);
-    mLabel = other.mLabel;
-  }
-  return *this;
-}
-
-cLabeledTypeMissmatchException::~cLabeledTypeMissmatchException() {}
-
-void cLabeledTypeMissmatchException::swap(cLabeledTypeMissmatchException& other) {
-  qstd::cTypeMissmatchException::swap(other);
-  mLabel.swap(other.mLabel);
-}
-
-qstd::cAbstractException* cLabeledTypeMissmatchException::createObject() const {
-  return new cLabeledTypeMissmatchException();
-}
-
-qstd::cAbstractException* cLabeledTypeMissmatchException::clone() const {
-  return new cLabeledTypeMissmatchException(*this);
-}
-
-qstd::cAsciiString cLabeledTypeMissmatchException::typeName() const {
-  return qstd::cAsciiString("cLabeledTypeMissmatchException");
-}
+                                                               const qstd::cAsciiString& label, const char* file,
+                                                               unsigned int line)
+    : tException(labeledMessage(expected, got, label), expected, got, file, line), mLabel(label) {}
 
 }  // namespace qsa

@@ -9,19 +9,14 @@
 
 namespace qsa {
 
-class QEL_EXPORT cLabeledTypeMissmatchException : public qstd::cTypeMissmatchException {
+class QEL_EXPORT cLabeledTypeMissmatchException
+    : public qstd::tException<cLabeledTypeMissmatchException, qstd::cTypeMissmatchException> {
 public:
-  cLabeledTypeMissmatchException();
-  cLabeledTypeMissmatchException(const qstd::cAsciiString& expected, const qstd::cAsciiString& got,
-                                 const qstd::cAsciiString& label);
-  cLabeledTypeMissmatchException(const cLabeledTypeMissmatchException& other);
-  cLabeledTypeMissmatchException& operator=(const cLabeledTypeMissmatchException& other);
-  ~cLabeledTypeMissmatchException() override;
-  void swap(cLabeledTypeMissmatchException& other);
+  static const char* staticTypeName() { return "cLabeledTypeMissmatchException"; }
 
-  qstd::cAbstractException* createObject() const override;
-  qstd::cAbstractException* clone() const override;
-  qstd::cAsciiString typeName() const override;
+  cLabeledTypeMissmatchException() {}
+  cLabeledTypeMissmatchException(const qstd::cAsciiString& expected, const qstd::cAsciiString& got,
+                                 const qstd::cAsciiString& label, const char* file = "unknown", unsigned int line = 0);
 
   const qstd::cAsciiString& label() const { return mLabel; }
 

@@ -55,8 +55,22 @@ cAbstractException::cAbstractException(const cAbstractException& other) : std::e
   copyBase(other);
 }
 
+cAbstractException::cAbstractException(cAbstractException&& other) noexcept
+    : std::exception(other), mpHistory(nullptr) {
+  *this = std::move(other);
+}
+
 cAbstractException& cAbstractException::operator=(const cAbstractException& other) {
   if (this != &other) copyBase(other);
+  return *this;
+}
+
+cAbstractException& cAbstractException::operator=(cAbstractException&& other) noexcept {
+  if (this != &other) {
+    cAbstractException* history = other.mpHistory;
+    other.mpHistory = nullptr;
+    takeFields(other, history);
+  }
   return *this;
 }
 
@@ -64,7 +78,10 @@ cAbstractException::~cAbstractException() { delete mpHistory; }
 
 void cAbstractException::copyBase(const cAbstractException& other) {
   // Copy the chain first: if that throws, this object is unchanged.
-  cAbstractException* history = other.mpHistory ? other.mpHistory->clone() : nullptr;
+  takeFields(other, other.mpHistory ? other.mpHistory->clone() : nullptr);
+}
+
+void cAbstractException::takeFields(const cAbstractException& other, cAbstractException* history) noexcept {
   std::memcpy(mszFileName, other.mszFileName, FileNameSize);
   miLine = other.miLine;
   std::memcpy(mszText, other.mszText, TextSize);
@@ -74,23 +91,6 @@ void cAbstractException::copyBase(const cAbstractException& other) {
   mbOutOfMemory = other.mbOutOfMemory;
   miBacktraceSize = other.miBacktraceSize;
   std::memcpy(maBacktrace, other.maBacktrace, sizeof maBacktrace);
-}
-
-void cAbstractException::swapBase(cAbstractException& other) {
-  char file[FileNameSize];
-  std::memcpy(file, mszFileName, FileNameSize);
-  std::memcpy(mszFileName, other.mszFileName, FileNameSize);
-  std::memcpy(other.mszFileName, file, FileNameSize);
-  char text[TextSize];
-  std::memcpy(text, mszText, TextSize);
-  std::memcpy(mszText, other.mszText, TextSize);
-  std::memcpy(other.mszText, text, TextSize);
-  std::swap(miLine, other.miLine);
-  std::swap(meType, other.meType);
-  std::swap(mpHistory, other.mpHistory);
-  std::swap(mbOutOfMemory, other.mbOutOfMemory);
-  std::swap(miBacktraceSize, other.miBacktraceSize);
-  for (unsigned int i = 0; i < BacktraceSize; ++i) std::swap(maBacktrace[i], other.maBacktrace[i]);
 }
 
 const qucs::cLIMessage* cAbstractException::liMessage() const { return nullptr; }
@@ -118,6 +118,12 @@ void cAbstractException::dump() const {
     }
     out.write(qpi::cAbstractOut::LevelError, entry.c_str(), file, e->miLine);
   }
+}
+
+cAbstractException* cAbstractException::clone() const {
+  tAutoPtr<cAbstractException> copy(createObject());
+  if (copy.get()) *copy = *this;
+  return copy.release();
 }
 
 void cAbstractException::link(const cAbstractException& cause) { link(cause.clone()); }

@@ -42,14 +42,13 @@ public:
 
   cAbstractException(const char* text, Type type, const char* file, unsigned int line);
   cAbstractException(const cAbstractException& other);
+  cAbstractException(cAbstractException&& other) noexcept;
   cAbstractException& operator=(const cAbstractException& other);
+  cAbstractException& operator=(cAbstractException&& other) noexcept;
   ~cAbstractException() override;
 
   // A new default-constructed object of the same class, owned by the caller.
   virtual cAbstractException* createObject() const = 0;
-  // A full copy of the same class, owned by the caller (copies of causes are
-  // made through it, so derived data survives link() and copying).
-  virtual cAbstractException* clone() const = 0;
   // The class identifier, e.g. "cBugException".
   virtual cAsciiString typeName() const = 0;
   virtual const qucs::cLIMessage* liMessage() const;
@@ -65,6 +64,11 @@ public:
   // consumed that to pick the class).
   virtual void load(qsa::cAbstractDeserializer& d);
   virtual bool outOfMemoryCondition() const;
+  // A copy of the same class, owned by the caller; link() and the copies of
+  // a chain are made through it. Here: a new object from createObject()
+  // given this one's fields by assignment (fields of derived classes keep
+  // their defaults). tException overrides it with the full copy.
+  virtual cAbstractException* clone() const;
 
   // The short plain text ("bug", "runtime", ...).
   const char* what() const noexcept override;
@@ -105,8 +109,6 @@ public:
   static constexpr unsigned int MaxStreamedChain = 1000;
 
 protected:
-  // Exchanges everything the base holds (used by the classes' swap).
-  void swapBase(cAbstractException& other);
   void setOutOfMemoryCondition(bool on) { mbOutOfMemory = on; }
 
 private:
@@ -114,6 +116,9 @@ private:
   // Takes ownership of `cause` and attaches it after the last cause.
   void link(cAbstractException* cause);
   void copyBase(const cAbstractException& other);
+  // Copies the fields of `other` except its chain and takes `history` (owned)
+  // as this object's chain.
+  void takeFields(const cAbstractException& other, cAbstractException* history) noexcept;
 
   char mszFileName[FileNameSize];
   unsigned int miLine;

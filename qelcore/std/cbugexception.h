@@ -3,23 +3,19 @@
 #define QELCORE_STD_CBUGEXCEPTION_H
 
 #include "qelcore/qelexport.h"
-#include "qelcore/std/cabstractexception.h"
+#include "qelcore/std/texception.h"
 #include "qelcore/ucs/climessage.h"
 
 namespace qstd {
 
-class QEL_EXPORT cBugException : public cAbstractException {
+class QEL_EXPORT cBugException : public tException<cBugException, cAbstractException> {
 public:
+  static const char* staticTypeName() { return "cBugException"; }
+
+  // File "unknown", line 0, no message.
   cBugException();
   cBugException(const qucs::cLIMessage& msg, const char* file, unsigned int line);
-  cBugException(const cBugException& other);
-  cBugException& operator=(const cBugException& other);
-  ~cBugException() override;
-  void swap(cBugException& other);
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
   const qucs::cLIMessage* liMessage() const override;
   // The base's fields, then the message.
   void store(qsa::cAbstractSerializer& s) const override;

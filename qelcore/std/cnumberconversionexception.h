@@ -3,24 +3,18 @@
 #define QELCORE_STD_CNUMBERCONVERSIONEXCEPTION_H
 
 #include "qelcore/qelexport.h"
-#include "qelcore/std/casciistring.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qstd {
 
-class QEL_EXPORT cNumberConversionException : public cRuntimeException {
+class QEL_EXPORT cNumberConversionException : public tException<cNumberConversionException, cRuntimeException> {
 public:
-  cNumberConversionException();
-  cNumberConversionException(const qucs::cString& number, unsigned int index);
-  cNumberConversionException(const cNumberConversionException& other);
-  cNumberConversionException& operator=(const cNumberConversionException& other);
-  ~cNumberConversionException() override;
-  void swap(cNumberConversionException& other);
+  static const char* staticTypeName() { return "cNumberConversionException"; }
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
+  cNumberConversionException() : miIndex(0) {}
+  cNumberConversionException(const qucs::cString& number, unsigned int index, const char* file = "unknown",
+                             unsigned int line = 0);
 
   const qucs::cString& errornousNumber() const { return mNumber; }
   unsigned int errornousIndex() const { return miIndex; }

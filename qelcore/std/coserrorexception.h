@@ -9,19 +9,15 @@
 
 namespace qstd {
 
-class QEL_EXPORT cOSErrorException : public cRuntimeException {
+class QEL_EXPORT cOSErrorException : public tException<cOSErrorException, cRuntimeException> {
 public:
-  cOSErrorException();
-  cOSErrorException(const cAsciiString& operation, int osErrorCode);
-  cOSErrorException(const cAsciiString& operation, int osErrorCode, const qucs::cString& file);
-  cOSErrorException(const cOSErrorException& other);
-  cOSErrorException& operator=(const cOSErrorException& other);
-  ~cOSErrorException() override;
-  void swap(cOSErrorException& other);
+  static const char* staticTypeName() { return "cOSErrorException"; }
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
+  cOSErrorException() : miOsErrorCode(0) {}
+  cOSErrorException(const cAsciiString& operation, int osErrorCode, const char* file = "unknown",
+                    unsigned int line = 0);
+  cOSErrorException(const cAsciiString& operation, int osErrorCode, const qucs::cString& fileName,
+                    const char* file = "unknown", unsigned int line = 0);
 
   const cAsciiString& operation() const { return mOperation; }
   int osErrorCode() const { return miOsErrorCode; }

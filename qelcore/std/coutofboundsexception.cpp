@@ -2,10 +2,9 @@
 
 namespace qstd {
 
-cOutOfBoundsException::cOutOfBoundsException() {}
+namespace {
 
-cOutOfBoundsException::cOutOfBoundsException(const char* container, const char* operation)
-    : mContainer(container ? container : ""), mOperation(operation ? operation : "") {
+qucs::cLIMessage boundsMessage(const char* container, const char* operation) {
   qucs::cLIMessage msg;
   if (container && operation)
     msg << "$QTR$Out of bounds condition detected in \"%container%\" while executing \"%operation%\"!" << container
@@ -14,30 +13,15 @@ cOutOfBoundsException::cOutOfBoundsException(const char* container, const char* 
     msg << "$QTR$Out of bounds condition detected in \"%container%\"!" << container;
   else
     msg << "$QTR$Out of bounds condition detected!";
-  setMsg(msg);
+  return msg;
 }
 
-cOutOfBoundsException::cOutOfBoundsException(const cOutOfBoundsException& other)
-    : cBugException(other), mContainer(other.mContainer), mOperation(other.mOperation) {}
+}  // namespace
 
-cOutOfBoundsException& cOutOfBoundsException::operator=(const cOutOfBoundsException& other) {
-  if (this != &other) {
-    cOutOfBoundsException copy(other);
-    swap(copy);
-  }
-  return *this;
-}
-
-cOutOfBoundsException::~cOutOfBoundsException() {}
-
-void cOutOfBoundsException::swap(cOutOfBoundsException& other) {
-  cBugException::swap(other);
-  mContainer.swap(other.mContainer);
-  mOperation.swap(other.mOperation);
-}
-
-cAbstractException* cOutOfBoundsException::createObject() const { return new cOutOfBoundsException; }
-cAbstractException* cOutOfBoundsException::clone() const { return new cOutOfBoundsException(*this); }
-cAsciiString cOutOfBoundsException::typeName() const { return cAsciiString("cOutOfBoundsException"); }
+cOutOfBoundsException::cOutOfBoundsException(const char* container, const char* operation, const char* file,
+                                             unsigned int line)
+    : tException(boundsMessage(container, operation), file, line),
+      mContainer(container ? container : ""),
+      mOperation(operation ? operation : "") {}
 
 }  // namespace qstd

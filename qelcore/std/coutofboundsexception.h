@@ -8,19 +8,14 @@
 
 namespace qstd {
 
-class QEL_EXPORT cOutOfBoundsException : public cBugException {
+class QEL_EXPORT cOutOfBoundsException : public tException<cOutOfBoundsException, cBugException> {
 public:
-  cOutOfBoundsException();
-  // Either name may be null; the message names what is given.
-  cOutOfBoundsException(const char* container, const char* operation);
-  cOutOfBoundsException(const cOutOfBoundsException& other);
-  cOutOfBoundsException& operator=(const cOutOfBoundsException& other);
-  ~cOutOfBoundsException() override;
-  void swap(cOutOfBoundsException& other);
+  static const char* staticTypeName() { return "cOutOfBoundsException"; }
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
+  cOutOfBoundsException() {}
+  // Either name may be null; the message names what is given.
+  cOutOfBoundsException(const char* container, const char* operation, const char* file = "unknown",
+                        unsigned int line = 0);
 
   const cAsciiString& container() const { return mContainer; }
   const cAsciiString& operation() const { return mOperation; }

@@ -9,22 +9,17 @@
 
 namespace qstd {
 
-class QEL_EXPORT cOutOfRangeException : public cBugException {
+class QEL_EXPORT cOutOfRangeException : public tException<cOutOfRangeException, cBugException> {
 public:
   typedef qstd::OutOfRangeType OutOfRangeType;
+  static const char* staticTypeName() { return "cOutOfRangeException"; }
 
-  cOutOfRangeException();
-  // Null names become "unknown".
+  cOutOfRangeException() : meType(OutOfRangeIndex), miValue(0), miMin(0), miMax(0) {}
+  // Null names become "unknown". Every kind is reported with the index text
+  // (existing translations depend on it); the kind stays available through
+  // outOfRangeType().
   cOutOfRangeException(const char* container, const char* operation, OutOfRangeType type, long long value,
-                       long long min, long long max);
-  cOutOfRangeException(const cOutOfRangeException& other);
-  cOutOfRangeException& operator=(const cOutOfRangeException& other);
-  ~cOutOfRangeException() override;
-  void swap(cOutOfRangeException& other);
-
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
+                       long long min, long long max, const char* file = "unknown", unsigned int line = 0);
 
   const cAsciiString& container() const { return mContainer; }
   const cAsciiString& operation() const { return mOperation; }

@@ -3,23 +3,19 @@
 #define QELCORE_STD_CRUNTIMEEXCEPTION_H
 
 #include "qelcore/qelexport.h"
-#include "qelcore/std/cabstractexception.h"
+#include "qelcore/std/texception.h"
 #include "qelcore/ucs/climessage.h"
 
 namespace qstd {
 
-class QEL_EXPORT cRuntimeException : public cAbstractException {
+class QEL_EXPORT cRuntimeException : public tException<cRuntimeException, cAbstractException> {
 public:
+  static const char* staticTypeName() { return "cRuntimeException"; }
+
+  // File "unknown", line 0, no message.
   cRuntimeException();
   cRuntimeException(const qucs::cLIMessage& msg, const char* file, unsigned int line);
-  cRuntimeException(const cRuntimeException& other);
-  cRuntimeException& operator=(const cRuntimeException& other);
-  ~cRuntimeException() override;
-  void swap(cRuntimeException& other);
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
   const qucs::cLIMessage* liMessage() const override;
   // The base's fields, then the message.
   void store(qsa::cAbstractSerializer& s) const override;

@@ -9,20 +9,15 @@
 
 namespace qstd {
 
-class QEL_EXPORT cTextParseException : public cRuntimeException {
+class QEL_EXPORT cTextParseException : public tException<cTextParseException, cRuntimeException> {
 public:
-  cTextParseException();
-  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, unsigned int row, unsigned int column);
-  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, const qucs::cString& file,
-                      unsigned int row, unsigned int column);
-  cTextParseException(const cTextParseException& other);
-  cTextParseException& operator=(const cTextParseException& other);
-  ~cTextParseException() override;
-  void swap(cTextParseException& other);
+  static const char* staticTypeName() { return "cTextParseException"; }
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
+  cTextParseException() : miRow(0), miColumn(0) {}
+  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, unsigned int row, unsigned int column,
+                      const char* file = "unknown", unsigned int line = 0);
+  cTextParseException(const qucs::cLIMessage& msg, const cAsciiString& format, const qucs::cString& fileName,
+                      unsigned int row, unsigned int column, const char* file = "unknown", unsigned int line = 0);
 
   const cAsciiString& format() const { return mFormat; }
   const qucs::cString& fileName() const { return mFileName; }

@@ -8,18 +8,12 @@
 
 namespace qstd {
 
-class QEL_EXPORT cTypeErrorException : public cBugException {
+class QEL_EXPORT cTypeErrorException : public tException<cTypeErrorException, cBugException> {
 public:
-  cTypeErrorException();
-  cTypeErrorException(const cAsciiString& type);
-  cTypeErrorException(const cTypeErrorException& other);
-  cTypeErrorException& operator=(const cTypeErrorException& other);
-  ~cTypeErrorException() override;
-  void swap(cTypeErrorException& other);
+  static const char* staticTypeName() { return "cTypeErrorException"; }
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
+  cTypeErrorException() {}
+  explicit cTypeErrorException(const cAsciiString& type, const char* file = "unknown", unsigned int line = 0);
 
   const cAsciiString& type() const { return mType; }
 

@@ -8,19 +8,16 @@
 
 namespace qstd {
 
-class QEL_EXPORT cTypeMissmatchException : public cBugException {
+class QEL_EXPORT cTypeMissmatchException : public tException<cTypeMissmatchException, cBugException> {
 public:
-  cTypeMissmatchException();
-  cTypeMissmatchException(const cAsciiString& expected, const cAsciiString& assigned);
-  cTypeMissmatchException(const qucs::cLIMessage& msg, const cAsciiString& expected, const cAsciiString& assigned);
-  cTypeMissmatchException(const cTypeMissmatchException& other);
-  cTypeMissmatchException& operator=(const cTypeMissmatchException& other);
-  ~cTypeMissmatchException() override;
-  void swap(cTypeMissmatchException& other);
+  static const char* staticTypeName() { return "cTypeMissmatchException"; }
 
-  cAbstractException* createObject() const override;
-  cAbstractException* clone() const override;
-  cAsciiString typeName() const override;
+  cTypeMissmatchException() {}
+  cTypeMissmatchException(const cAsciiString& expected, const cAsciiString& assigned, const char* file = "unknown",
+                          unsigned int line = 0);
+  // The same mismatch told with another message.
+  cTypeMissmatchException(const qucs::cLIMessage& msg, const cAsciiString& expected, const cAsciiString& assigned,
+                          const char* file = "unknown", unsigned int line = 0);
 
   const cAsciiString& expectedType() const { return mExpectedType; }
   const cAsciiString& assignedType() const { return mAssignedType; }

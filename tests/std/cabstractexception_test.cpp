@@ -32,7 +32,6 @@ public:
   cPlainException(const char* what = "plain", const char* file = "f.cpp", unsigned int line = 1)
       : cAbstractException(what, TypeRuntime, file, line) {}
   cAbstractException* createObject() const override { return new cPlainException; }
-  cAbstractException* clone() const override { return new cPlainException(*this); }
   cAsciiString typeName() const override { return cAsciiString("cPlainException"); }
 };
 
