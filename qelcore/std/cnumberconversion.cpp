@@ -180,6 +180,8 @@ int digitIn(const cNumberConversionFormat& format, unsigned int c, unsigned int 
   return -1;
 }
 
+const unsigned long long LargestSigned = 0x7FFFFFFFFFFFFFFFull;
+
 // How an integer text was read.
 enum eIntegerParse { ParsedInteger, InvalidCharacter, OutOfRange };
 
@@ -224,11 +226,17 @@ eIntegerParse parseInteger(const C* text, unsigned int length, const cNumberConv
   unsigned long long value = 0;
   bool digitSeen = false;
   if (format.hasStandardSymbols() && base <= 10) {
+    // Below this, one more digit of a base up to 10 stays within 63 bits,
+    // so the common short number needs no overflow check.
+    const unsigned long long unchecked = 0x0CCCCCCCCCCCCCCBull;
+    unsigned long long safeBelow = limit >= LargestSigned ? unchecked : 0;
     for (; i < length; ++i) {
       unsigned int c = code(text[i]);
       unsigned int d = c - '0';
       if (d < base) {
-        if (!addDigit(value, base, d, limit)) {
+        if (value < safeBelow) {
+          value = value * base + d;
+        } else if (!addDigit(value, base, d, limit)) {
           index = i;
           return OutOfRange;
         }
@@ -236,6 +244,7 @@ eIntegerParse parseInteger(const C* text, unsigned int length, const cNumberConv
       } else if (c == '-' && !digitSeen) {
         negative = !negative;
         limit = negative ? negativeLimit : positiveLimit;
+        safeBelow = limit >= LargestSigned ? unchecked : 0;
       } else {
         index = i;
         return InvalidCharacter;
@@ -264,8 +273,6 @@ eIntegerParse parseInteger(const C* text, unsigned int length, const cNumberConv
   magnitude = value;
   return ParsedInteger;
 }
-
-const unsigned long long LargestSigned = 0x7FFFFFFFFFFFFFFFull;
 
 // The text of a failed parse as a string.
 template <typename C>
