@@ -11,8 +11,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
-#include <type_traits>
 
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tabstractarrayproxy.h"
@@ -31,7 +29,7 @@ namespace qstd {
 
 template <typename T, typename Traits = tArrayByteLevelTraits<T>>
 class tArray : public tAbstractArrayProxy<T>, public tArrayReadOps<tArray<T, Traits>, T> {
-  static_assert(std::is_trivially_copyable<T>::value, "tArray moves its elements as plain memory");
+  static_assert(__is_trivially_copyable(T), "tArray moves its elements as plain memory");
   typedef tArrayReadOps<tArray<T, Traits>, T> tReadOps;
   friend tReadOps;
 
@@ -481,10 +479,12 @@ private:
   static const char* readSource() { return "std/tarray"; }
   int relationTo(const T* p) const { return relation(p, p == nullptr ? 0 : arrayops::terminatedLength(p)); }
 
+  // Whether `p` points into the pool (insertions from the array itself). The
+  // addresses are compared as integers: `p` may belong to another object.
   bool insidePool(const T* p) const {
-    std::less_equal<const T*> le;
-    std::less<const T*> lt;
-    return mpPool != nullptr && le(mpPool, p) && lt(p, mpPool + miPoolSize + Traits::ExtraElements);
+    const std::uintptr_t at = reinterpret_cast<std::uintptr_t>(p);
+    const std::uintptr_t begin = reinterpret_cast<std::uintptr_t>(mpPool);
+    return mpPool != nullptr && at >= begin && at < begin + (miPoolSize + Traits::ExtraElements) * sizeof(T);
   }
 
   static void copyElements(T* dest, const T* from, unsigned int n) {
