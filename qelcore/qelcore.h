@@ -113,4 +113,27 @@
 #include "qelcore/rmi/signal0.h"
 #include "qelcore/rmi/ttypestring.h"
 
+// pi: platform factory, work queue, event loop and system object
+#include "qelcore/pi/cabstractaiodata.h"
+#include "qelcore/pi/cabstractmuteximpl.h"
+#include "qelcore/pi/cabstractplatforminfo.h"
+#include "qelcore/pi/cabstractprocessevents.h"
+#include "qelcore/pi/cabstractqelapp.h"
+#include "qelcore/pi/cabstractrunnableimpl.h"
+#include "qelcore/pi/cfdaiodata.h"
+#include "qelcore/pi/clocaleventloop.h"
+#include "qelcore/pi/clocaleventprocessor.h"
+#include "qelcore/pi/cpiexceptionfactory.h"
+#include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/cplatform.h"
+#include "qelcore/pi/csystem.h"
+#include "qelcore/pi/cunsupportedplatformexception.h"
+#include "qelcore/pi/cwork.h"
+#include "qelcore/pi/cworkqueue.h"
+#include "qelcore/pi/cworkstat.h"
+#include "qelcore/pi/cwqdebug.h"
+#include "qelcore/pi/schedule.h"
+#include "qelcore/pi/tfdinfo.h"
+#include "qelcore/std/tparentwatch.h"
+
 #endif

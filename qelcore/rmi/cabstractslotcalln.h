@@ -49,6 +49,12 @@ public:
   virtual qpi::cWork* createWork(A...) const {
     qstd::cSTDExceptions::throwUnsupportedOperation("cAbstractSlotCallN::createWork(...)");
   }
+  // A new slot call (owned by the caller) to the same receiver, attached to
+  // no signal yet, so that a signal can connect it. Slot calls that cannot
+  // be copied throw an unsupported-operation bug exception.
+  virtual cAbstractSlotCallN* clone() const {
+    qstd::cSTDExceptions::throwUnsupportedOperation("cAbstractSlotCallN::clone()");
+  }
 
   // Whether the current emission of the owning signal has called this slot.
   bool isCalled() const { return mbCalled; }

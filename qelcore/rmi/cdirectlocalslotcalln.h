@@ -26,6 +26,9 @@ public:
     cRMIExceptions::throwIndirectLocalSlotCall();
   }
   void call(qsa::cReferenceFrame&) const override { cRMIExceptions::throwIndirectLocalSlotCall(); }
+  cAbstractSlotCallN<R, A...>* clone() const override {
+    return new cDirectLocalSlotCallN(*mpTarget, mpMethod, nullptr);
+  }
 
   T* target() const { return mpTarget; }
   tMethod method() const { return mpMethod; }

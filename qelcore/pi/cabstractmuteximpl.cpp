@@ -1,0 +1,7 @@
+#include "qelcore/pi/cabstractmuteximpl.h"
+
+namespace qpi {
+
+cAbstractMutexImpl::~cAbstractMutexImpl() {}
+
+}  // namespace qpi

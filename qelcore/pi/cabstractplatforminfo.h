@@ -1,0 +1,44 @@
+// Names that differ between platforms: the platform's name and how shared
+// libraries and programs are named there.
+//
+//   qstd::tAutoPtr<qpi::cAbstractPlatformInfo> info(qpi::cPlatform::createPlatformInfo());
+//   qucs::cString module("plugins/netio");
+//   info->osSpecificSOName(module);   // "plugins/libnetio.so" on Linux,
+//                                     // "plugins/netio.dll" on Windows
+#ifndef QELCORE_PI_CABSTRACTPLATFORMINFO_H
+#define QELCORE_PI_CABSTRACTPLATFORMINFO_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+
+namespace qucs {
+class cString;
+}
+
+namespace qpi {
+
+class QEL_EXPORT cAbstractPlatformInfo {
+public:
+  cAbstractPlatformInfo() {}
+  cAbstractPlatformInfo(const cAbstractPlatformInfo&) = delete;
+  cAbstractPlatformInfo& operator=(const cAbstractPlatformInfo&) = delete;
+  virtual ~cAbstractPlatformInfo();
+
+  // "Win32" or "POSIX".
+  virtual qstd::cAsciiString platformName() const = 0;
+  // Turns a module's base name into the platform's file name for it: the
+  // last path component gets the library prefix (unless it already starts
+  // with it) and the suffix, and its extension (the text from its last dot
+  // on, if any) is replaced by the library extension. The directory part is
+  // kept as it is.
+  virtual void osSpecificSOName(qucs::cString& name) const;
+  virtual qstd::cAsciiString osSharedObjectFileExtension() const = 0;
+  virtual qstd::cAsciiString osSharedObjectFilePrefix() const = 0;
+  virtual qstd::cAsciiString osSharedObjectFileSuffix() const = 0;
+  // ".exe" on Windows, empty on POSIX systems.
+  virtual qstd::cAsciiString osAppFileExtension() const = 0;
+};
+
+}  // namespace qpi
+
+#endif

@@ -1,0 +1,7 @@
+#include "qelcore/pi/cabstractqelapp.h"
+
+namespace qpi {
+
+cAbstractQELApp::~cAbstractQELApp() {}
+
+}  // namespace qpi

@@ -1,0 +1,7 @@
+#include "qelcore/pi/cabstractrunnableimpl.h"
+
+namespace qpi {
+
+cAbstractRunnableImpl::~cAbstractRunnableImpl() {}
+
+}  // namespace qpi

@@ -1,0 +1,45 @@
+// Asynchronous I/O data made of descriptors (sockets on Windows): the work
+// that owns it becomes due when one of them is ready for what it waits for.
+// An event processor with asynchronous I/O support
+// (cPlatform::createAIOProcessEvents()) waits on them and records per
+// descriptor what it found (readyEvents()).
+//
+//   qpi::cFDAIOData* data = new qpi::cFDAIOData;
+//   data->addFd(fd, qpi::tFdInfo::Read);
+//   work.setAIOData(qstd::tAutoPtr<qpi::cAbstractAIOData>(data));
+//   ...in the work's slot: if (data->readyEvents(0) & qpi::tFdInfo::Read) read(fd, ...);
+#ifndef QELCORE_PI_CFDAIODATA_H
+#define QELCORE_PI_CFDAIODATA_H
+
+#include "qelcore/pi/cabstractaiodata.h"
+#include "qelcore/pi/tfdinfo.h"
+#include "qelcore/qelexport.h"
+#include "qelcore/std/tvector.h"
+
+namespace qpi {
+
+class QEL_EXPORT cFDAIOData : public cAbstractAIOData {
+public:
+  cFDAIOData() {}
+  ~cFDAIOData() override;
+
+  cFDAIOData* isFDAIOData() override { return this; }
+
+  void addFd(int fd, unsigned int events);
+  qstd::tVector<tFdInfo>& fds() { return mvFds; }
+  const qstd::tVector<tFdInfo>& fds() const { return mvFds; }
+
+  // What the processor found ready on fds()[index] when it last set the
+  // event (tFdInfo::Read, tFdInfo::Write; 0 when nothing or unknown).
+  unsigned int readyEvents(unsigned int index) const { return index < mvReady.size() ? mvReady[index] : 0; }
+  void setReadyEvents(unsigned int index, unsigned int events);
+  void clearReadyEvents() { mvReady.clear(); }
+
+private:
+  qstd::tVector<tFdInfo> mvFds;
+  qstd::tVector<unsigned int> mvReady;
+};
+
+}  // namespace qpi
+
+#endif

@@ -1,0 +1,17 @@
+// Rebuilds the exceptions of the platform interface from their type names.
+#ifndef QELCORE_PI_CPIEXCEPTIONFACTORY_H
+#define QELCORE_PI_CPIEXCEPTIONFACTORY_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/cabstractexceptionfactory.h"
+
+namespace qpi {
+
+class QEL_EXPORT cPIExceptionFactory : public qstd::cAbstractExceptionFactory {
+public:
+  qstd::cAbstractException* createException(const qstd::cAsciiString& typeName) const override;
+};
+
+}  // namespace qpi
+
+#endif

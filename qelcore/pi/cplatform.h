@@ -1,0 +1,75 @@
+// The platform factory and the small operating-system queries.
+//
+// cPlatform is the only place that creates platform implementations; the
+// rest of the library holds the abstract types it returns and never names a
+// platform class.
+//
+//   qstd::tAutoPtr<qpi::cAbstractMutexImpl> m(qpi::cPlatform::createMutexImpl());
+//   qstd::cAsciiString user = qpi::cPlatform::userName();     // "USER" or "unknown"
+//   qucs::cString home = qpi::cPlatform::homeDirectory();
+//
+// Special folders: on Windows the user's documents folder, the Windows
+// directory and the programs folder. On POSIX systems homeDirectory() is
+// $HOME (or the home directory of the user's account when it is not set),
+// osDirectory() is "/usr" and applicationsDirectory() is "/opt". Each throws
+// cRuntimeException "Unable to find out os specific path!" when the system
+// cannot tell.
+#ifndef QELCORE_PI_CPLATFORM_H
+#define QELCORE_PI_CPLATFORM_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/tautoptr.h"
+
+namespace qucs {
+class cString;
+}
+
+namespace qpi {
+
+class cAbstractRunnableImpl;
+class cAbstractMutexImpl;
+class cAbstractPlatformInfo;
+class cAbstractProcessEvents;
+
+class QEL_EXPORT cPlatform {
+public:
+  cPlatform() = delete;
+
+  // A thread that runs fn(arg) once started (see cAbstractRunnableImpl).
+  static qstd::tAutoPtr<cAbstractRunnableImpl> createThread(void (*fn)(void*), void* arg);
+  // A recursive mutex (see cAbstractMutexImpl).
+  static qstd::tAutoPtr<cAbstractMutexImpl> createMutexImpl();
+  static qstd::tAutoPtr<cAbstractPlatformInfo> createPlatformInfo();
+  // The platform's event processor: sleeps through the whole wait of a pass
+  // in one call and cannot be woken early. The system's main queue uses it.
+  static qstd::tAutoPtr<cAbstractProcessEvents> createProcessEvents();
+  // The file system and class loader factories join here with the file
+  // system and module code.
+
+  // Sleeps one millisecond.
+  static void yield();
+  // The process identifier.
+  static unsigned int pid();
+  // The variable's value; empty when it is not set.
+  static qstd::cAsciiString getEnv(const qstd::cAsciiString& name);
+  // The environment variable "USER", or "unknown".
+  static qstd::cAsciiString userName();
+  // The host's name, or "unknown" when the system cannot tell.
+  static qstd::cAsciiString hostname();
+  static qucs::cString homeDirectory();
+  static qucs::cString osDirectory();
+  static qucs::cString applicationsDirectory();
+  // '\\' on Windows, '/' on POSIX systems.
+  static char osSpecificPathDelimiter();
+  // The system's text for an error code, on one line; "Unable to get error
+  // string!" when the system has none.
+  static qstd::cAsciiString osFileIOErrorString(int code);
+  // Checks the type sizes the build relies on; a failed check throws the
+  // assertion's cBugException naming it.
+  static void buildChecks();
+};
+
+}  // namespace qpi
+
+#endif

@@ -1,0 +1,113 @@
+// The process-wide system object: the main work queue, the default number
+// format and encoder, the locale, the debug output and the application
+// object, reached through qpi::system().
+//
+//   int main() {
+//     cMyApp app;
+//     qpi::system().setApp(&app);
+//     qpi::schedule(qrmi::cDirectLocalSlotCall0<cMyApp, qsa::piVoid>(app, &cMyApp::sltStart, nullptr), 0, "start");
+//     while (app.running()) qpi::system().exec();     // one pass per call
+//     qpi::cSystem::cleanup();
+//   }
+//
+// The first qpi::system() creates everything (on one thread, before others
+// start); cleanup() releases the objects registered with releaseAtCleanup()
+// in reverse order and destroys it all; a later system() starts afresh.
+// The main queue's processor is cPlatform::createProcessEvents(). The debug
+// output is the process-wide one (cAbstractOut::current()).
+#ifndef QELCORE_PI_CSYSTEM_H
+#define QELCORE_PI_CSYSTEM_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/tautoptr.h"
+
+namespace qstd {
+class cNumberConversionFormat;
+}
+namespace qucs {
+class cAbstractEnDec;
+class cLILocale;
+}  // namespace qucs
+
+namespace qpi {
+
+class cAbstractOut;
+class cAbstractQELApp;
+class cWorkQueue;
+
+class QEL_EXPORT cSystem {
+public:
+  struct cDefaults {
+    const qstd::cNumberConversionFormat& numberFormat;
+    // UTF-8.
+    const qucs::cAbstractEnDec& encoder;
+  };
+
+  // Anything that must go at cleanup; see releaseAtCleanup().
+  class QEL_EXPORT cReleasable {
+  public:
+    virtual ~cReleasable();
+  };
+
+  cSystem(const cSystem&) = delete;
+  cSystem& operator=(const cSystem&) = delete;
+
+  const cDefaults& defaults() const { return mDefaults; }
+  qucs::cLILocale& locale() { return mLocale; }
+  cWorkQueue& workQueue() { return mWorkQueue; }
+  cAbstractOut& out();
+  // The file system (qio::cFs) and the core extension manager
+  // (qce::cCoreExtensionMgr) join the system's services here, as references
+  // into the system record like the locale and the queue.
+
+  // The application object (not owned; null forgets it).
+  void setApp(cAbstractQELApp* app);
+  // cBugException "No application object set!" without one.
+  cAbstractQELApp& app() const;
+  bool hasApp() const;
+
+  // One process() of the main work queue.
+  void exec();
+
+  // Deletes `object` at cleanup(); the last one registered goes first.
+  void releaseAtCleanup(qstd::tAutoPtr<cReleasable> object);
+  template <class T>
+  void releaseAtCleanup(T* object) {
+    releaseAtCleanup(qstd::tAutoPtr<cReleasable>(new tHolder<T>(object)));
+  }
+
+  // Releases the registered objects and destroys the system object; nothing
+  // happens when there is none.
+  static void cleanup();
+  // Whether the system object exists now (system() would not create it).
+  static bool exists();
+
+private:
+  friend QEL_EXPORT cSystem& system();
+  struct cRecord;
+
+  template <class T>
+  class tHolder : public cReleasable {
+  public:
+    explicit tHolder(T* object) : mpObject(object) {}
+    ~tHolder() override { delete mpObject; }
+
+  private:
+    T* mpObject;
+  };
+
+  explicit cSystem(cRecord& record);
+  ~cSystem();
+
+  cRecord& mRecord;
+  cDefaults mDefaults;
+  qucs::cLILocale& mLocale;
+  cWorkQueue& mWorkQueue;
+};
+
+// The system object, created on first use.
+QEL_EXPORT cSystem& system();
+
+}  // namespace qpi
+
+#endif

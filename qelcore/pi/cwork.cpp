@@ -1,0 +1,137 @@
+#include "qelcore/pi/cwork.h"
+
+#include "qelcore/pi/cabstractaiodata.h"
+#include "qelcore/pi/cabstractout.h"
+#include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/std/cabstractexception.h"
+#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/ucs/climessage.h"
+
+namespace qpi {
+
+namespace {
+
+// Read when a work is constructed; set from the queue's thread.
+bool gDebugAllWorks = false;
+
+}  // namespace
+
+cWork::cWork()
+    : mScheduled(0ull),
+      mPlanned(0ull),
+      meType(SingleTask),
+      miInterval(0),
+      mbStarted(false),
+      mbForceKeep(false),
+      mpAIOData(nullptr),
+      mpActionError(nullptr),
+      mStat(gDebugAllWorks),
+      miAmuck(0),
+      mbDelegate(true) {
+  sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
+  sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
+  sigDestroyed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
+}
+
+cWork::~cWork() {
+  try {
+    sigDestroyed(*this);
+  } catch (...) {
+    // A receiver's failure cannot stop the destruction.
+  }
+  delete mpActionError;
+  delete mpAIOData;
+}
+
+void cWork::enableDebug(bool on) { gDebugAllWorks = on; }
+
+qrmi::localSignal2<qsa::piVoid, const qstd::cAbstractException&, bool>& cWork::sigActionError() {
+  if (!mpActionError) mpActionError = new qrmi::localSignal2<qsa::piVoid, const qstd::cAbstractException&, bool>;
+  return *mpActionError;
+}
+
+bool cWork::hasActionErrorHandler() const { return mpActionError && mpActionError->slotCount() != 0; }
+
+void cWork::start() { internRestart(false); }
+
+void cWork::start(unsigned int interval, Type type) { internRestart(interval, type != SingleTask, false); }
+
+void cWork::stop() {
+  mbStarted = false;
+  sigChanged(this);
+}
+
+void cWork::setInheritErrorHandler(bool inherit) {
+  if (!inherit) reparent(nullptr);
+}
+
+void cWork::setAIOData(qstd::tAutoPtr<cAbstractAIOData> data) {
+  const bool had = mpAIOData != nullptr;
+  cAbstractAIOData* old = mpAIOData;
+  mpAIOData = data.release();
+  delete old;
+  meType = AsyncIO;
+  if (had && !mpAIOData) mbStarted = false;
+  if (mpAIOData) mbStarted = true;
+  sigChanged(this);
+}
+
+cAbstractAIOData& cWork::aioData() {
+  if (!mpAIOData) cPIExceptions::throwNoAIOData(__FILE__, __LINE__);
+  return *mpAIOData;
+}
+
+const cAbstractAIOData& cWork::aioData() const {
+  if (!mpAIOData) cPIExceptions::throwNoAIOData(__FILE__, __LINE__);
+  return *mpAIOData;
+}
+
+void cWork::internRestart(bool) { restart(miInterval, meType); }
+
+void cWork::internRestart(unsigned int interval, bool periodic, bool) {
+  restart(interval, periodic ? Periodic : SingleTask);
+}
+
+void cWork::restart(unsigned int interval, Type type) {
+  mStat.notifyStart();
+  // A single task keeps no interval, but is still due `interval` from now.
+  miInterval = type == SingleTask ? 0 : interval;
+  const qstd::cTime now;
+  mScheduled = now;
+  mPlanned = now + static_cast<long long>(interval) * 1000ll;
+  mbStarted = true;
+  meType = type;
+  miAmuck = 0;
+  sigChanged(this);
+}
+
+void cWork::reparent(cWork* parent) { mParent.set(parent == this ? nullptr : parent); }
+
+void cWork::action() {
+  mStat.notifyTrigger();
+  try {
+    sigTrigger();
+    miAmuck = 0;
+  } catch (const qstd::cAbstractException& e) {
+    if (!handleActionError(e, false)) throw;
+  } catch (...) {
+    qstd::cRuntimeException e(qucs::cLIMessage("$QTR$Error performing work %name%!") << mName, __FILE__, __LINE__);
+    if (!handleActionError(e, false)) throw;
+  }
+}
+
+bool cWork::handleActionError(const qstd::cAbstractException& e, bool) {
+  if (!mbDelegate) return false;
+  ++miAmuck;
+  for (cWork* w = this; w; w = w->parent()) {
+    QEL_DEBUG((qstd::cAsciiString("  * Checking handler in ") + w->mName).c_str());
+    if (w->hasActionErrorHandler()) {
+      QEL_DEBUG((qstd::cAsciiString("  * Handler found in ") + w->mName).c_str());
+      (*w->mpActionError)(e, w != this);
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace qpi

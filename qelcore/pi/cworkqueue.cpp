@@ -1,0 +1,388 @@
+#include "qelcore/pi/cworkqueue.h"
+
+#include <atomic>
+#include <mutex>
+#include <vector>
+
+#include "qelcore/pi/cabstractaiodata.h"
+#include "qelcore/pi/clocaleventloop.h"
+#include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/platform/cnativetimeimpl.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/ctime.h"
+
+namespace qpi {
+
+using qsa::piVoid;
+using qstd::cAsciiString;
+using qstd::tSharedObject;
+
+// Works handed over from other threads, waiting for the queue's next pass.
+// The flag lets a pass skip the lock while nothing waits.
+class cWorkQueue::cInbox {
+public:
+  ~cInbox() {
+    for (cWork* w : mvWorks) delete w;
+  }
+  void put(cWork* work) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    mvWorks.push_back(work);
+    mbPending.store(true, std::memory_order_release);
+  }
+  bool pending() const { return mbPending.load(std::memory_order_acquire); }
+  void take(std::vector<cWork*>& out) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    out.swap(mvWorks);
+    mbPending.store(false, std::memory_order_relaxed);
+  }
+
+private:
+  std::mutex mMutex;
+  std::vector<cWork*> mvWorks;
+  std::atomic<bool> mbPending{false};
+};
+
+namespace {
+
+// Whole milliseconds from `now` until `planned`; 0 when it has passed. A
+// work less than a millisecond ahead is due, which lets zero-delay works
+// added during a pass run in that pass.
+unsigned int msUntil(const qstd::cTime& planned, const qstd::cTime& now) {
+  return planned > now ? static_cast<unsigned int>((planned.get() - now.get()) / 1000ull) : 0;
+}
+
+// Raises a counter for the lifetime of the guard, also on exceptions.
+class cRaise {
+public:
+  explicit cRaise(unsigned int& counter) : miCounter(counter) { ++miCounter; }
+  ~cRaise() { --miCounter; }
+  cRaise(const cRaise&) = delete;
+  cRaise& operator=(const cRaise&) = delete;
+
+private:
+  unsigned int& miCounter;
+};
+
+// "HH:MM:SS" of a point in time, local time.
+cAsciiString clockText(const qstd::cTime& t) {
+  const long long seconds = static_cast<long long>(t.toSec());
+  long long local = seconds + cNativeTimeImpl::localOffsetAtUTC(seconds);
+  local %= 86400;
+  if (local < 0) local += 86400;
+  const unsigned int fields[3] = {static_cast<unsigned int>(local / 3600), static_cast<unsigned int>(local / 60 % 60),
+                                  static_cast<unsigned int>(local % 60)};
+  cAsciiString text;
+  for (unsigned int i = 0; i < 3; ++i) {
+    if (i) text += ':';
+    text += static_cast<char>('0' + fields[i] / 10);
+    text += static_cast<char>('0' + fields[i] % 10);
+  }
+  return text;
+}
+
+}  // namespace
+
+cWorkQueue::cWorkQueue()
+    : miLevel(0),
+      mbRescan(false),
+      miLocalLoops(0),
+      miClearing(0),
+      mpCurrent(nullptr),
+      miTimed(0),
+      miAsync(0),
+      mpLoops(nullptr),
+      mpInbox(new cInbox) {}
+
+cWorkQueue::~cWorkQueue() {
+  // No more calls into this queue: neither from its works nor its processor.
+  qrmi::cConnectable::clear();
+  for (cLocalEventLoop* loop = mpLoops; loop; loop = loop->mpNext) loop->mpQueue = nullptr;
+  delete mpInbox;
+  ++miClearing;
+  mJobs.clear();
+}
+
+void cWorkQueue::setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events) {
+  if (!events) clear();
+  mpEvents = events;
+  if (mpEvents) mpEvents->sigFinished.connect(*this, &cWorkQueue::sltNotifyPEFinished);
+}
+
+tSharedObject<cWork> cWorkQueue::createJob() {
+  tSharedObject<cWork> work(new cWork);
+  appendJob(work);
+  return work;
+}
+
+void cWorkQueue::addJob(tSharedObject<cWork> work) {
+  if (work.null() || mJobs.contains(work)) return;
+  appendJob(work);
+}
+
+void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
+  cWork* w = work.get();
+  w->reparent(mpCurrent);
+  mJobs.append(work);
+  w->sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
+  sltNotifyWorkChanged(w);
+}
+
+void cWorkQueue::addJob(cWork& work) {
+  tSharedObject<cWork> shared(work);
+  if (!mJobs.contains(shared)) {
+    work.sigDestroyed.connect(*this, &cWorkQueue::sltWorkDestroyed);
+    work.sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
+    work.setForceKeep(true);
+    work.reparent(mpCurrent);
+    mJobs.append(shared);
+  }
+  sltNotifyWorkChanged(&work);
+}
+
+void cWorkQueue::removeJob(const cWork& work) {
+  if (mpCurrent == &work) mpCurrent = nullptr;
+  for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
+    if (it->rawObject() == &work) {
+      it.eraseLater();
+      it->reset();
+    }
+  }
+}
+
+void cWorkQueue::clear() {
+  cRaise clearing(miClearing);
+  for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
+    it.eraseLater();
+    it->reset();
+  }
+  sltNotifyWorkChanged(nullptr);
+}
+
+void cWorkQueue::process() {
+  if (mpEvents && mpEvents->isAsynchronous())
+    mpEvents->poll();
+  else
+    processEvents(true);
+}
+
+void cWorkQueue::checkEvents() const {
+  if (mpEvents) return;
+  QEL_ERROR("*** WORKQUEUE HAS BEEN FOUND A BUG ***");
+  debugDump(cAbstractOut::LevelError);
+  cAbstractOut::current().writeStackTrace(cAbstractOut::LevelError, "Stack trace:", __FILE__, __LINE__);
+  cPIExceptions::throwNoProcessEvents(__FILE__, __LINE__);
+}
+
+unsigned int cWorkQueue::processEvents(bool doProcess) {
+  checkEvents();
+  unsigned int wait = 0;
+  bool yieldNeeded = updateTimer(doProcess, &wait);
+  if (mpEvents->isAsynchronous()) yieldNeeded = true;
+  if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
+  return miTimed + miAsync;
+}
+
+bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
+  mbRescan = true;
+  cRaise level(miLevel);
+  if (mpInbox->pending()) drainInbox();
+  unsigned int lastWait = 0;
+  bool executedAny = false;
+  bool firstRound = true;
+  while (mbRescan) {
+    mbRescan = false;
+    unsigned int executed = 0;
+    lastWait = internProcess(doProcess && firstRound, executed);
+    firstRound = false;
+    if (executed) executedAny = true;
+  }
+  if (executedAny && !mpEvents->isAsynchronous()) lastWait = 0;
+  if (wait) *wait = lastWait;
+  return miAsync != 0 || (miTimed != 0 && lastWait != 0);
+}
+
+unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
+  checkEvents();
+  miTimed = 0;
+  miAsync = 0;
+  const qstd::cTime now;
+  unsigned int minWait = 0;
+  bool removed = false;
+  bool first = true;
+  executed = 0;
+  const bool aio = mpEvents->supportsAIO();
+
+  for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
+    cWork* w = it->get();
+    if (!w) {
+      it.eraseLater();
+      removed = true;
+      continue;
+    }
+    if (!w->mbStarted) continue;
+    unsigned int wait = msUntil(w->mPlanned, now);
+    bool due = wait == 0;
+    if (w->meType == cWork::AsyncIO) {
+      if (aio) {
+        due = w->mpAIOData && w->mpAIOData->isEvent();
+      } else {
+        // Without I/O support the work is polled at its interval.
+        w->internRestart(w->miInterval, true, false);
+        due = true;
+      }
+    }
+    const bool timed = w->meType != cWork::AsyncIO;
+    if (timed)
+      ++miTimed;
+    else
+      ++miAsync;
+
+    if (doProcess && due) {
+      if (w->meType == cWork::SingleTask) {
+        w->markDone();
+      } else if (w->meType == cWork::Periodic) {
+        w->markDone();
+        w->internRestart(false);
+        wait = msUntil(w->mPlanned, now);
+      }
+      if (w->isAmuck()) {
+        w->stop();
+        cPIExceptions::throwAmuckWork(w->name(), __FILE__, __LINE__);
+      }
+      // The action may remove the work; this handle keeps it alive till here.
+      const tSharedObject<cWork> running(*it);
+      cWork* const previous = mpCurrent;
+      mpCurrent = w;
+      try {
+        w->action();
+      } catch (...) {
+        mpCurrent = previous;
+        throw;
+      }
+      mpCurrent = previous;
+      ++executed;
+      if (w->mpAIOData) w->mpAIOData->setEvent(false);
+      if (!w->mbStarted && !w->isKeep()) {
+        it.eraseLater();
+        if (timed)
+          --miTimed;
+        else
+          --miAsync;
+        removed = true;
+      }
+    }
+    if (timed && (first || wait < minWait)) {
+      minWait = wait;
+      first = false;
+    }
+  }
+
+  // Only the outermost pass purges: nested passes run inside a walk of an
+  // outer one, whose position must stay valid. Entries marked by removeJob
+  // outside any pass go with them.
+  if (miLevel == 1 && (removed || mJobs.hasMarked())) mJobs.purge();
+  if (miTimed == 0 && miAsync != 0) minWait = 10000;
+  return minWait;
+}
+
+void cWorkQueue::post(qstd::tAutoPtr<cWork> work) {
+  if (!work) return;
+  mpInbox->put(work.release());
+  if (mpEvents) mpEvents->wakeUpFromAnyThread();
+}
+
+void cWorkQueue::drainInbox() {
+  std::vector<cWork*> arrived;
+  mpInbox->take(arrived);
+  // Handed-over works have no parent among this queue's works.
+  cWork* const current = mpCurrent;
+  mpCurrent = nullptr;
+  for (std::size_t i = 0; i < arrived.size(); ++i) {
+    tSharedObject<cWork> work(arrived[i]);
+    arrived[i] = nullptr;
+    appendJob(work);
+  }
+  mpCurrent = current;
+}
+
+piVoid cWorkQueue::sltNotifyWorkChanged(cWork*) {
+  if (miClearing != 0 || !mpEvents) return piVoid();
+  const bool immediate = mpEvents->isAsynchronous() && miLevel == 0;
+  if (immediate) {
+    processEvents(false);
+  } else {
+    mbRescan = true;
+    if (miLocalLoops >= miLevel) mpEvents->wakeUp();
+  }
+  return piVoid();
+}
+
+piVoid cWorkQueue::sltNotifyPEFinished() {
+  if (mpEvents && mpEvents->isAsynchronous()) {
+    unsigned int wait = 0;
+    updateTimer(true, &wait);
+    if (mpEvents && mpEvents->isAsynchronous() && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
+  }
+  return piVoid();
+}
+
+piVoid cWorkQueue::sltWorkDestroyed(const cWork& work) {
+  removeJob(work);
+  return piVoid();
+}
+
+void cWorkQueue::debugDump(cAbstractOut::Level level) const {
+  cAbstractOut& out = cAbstractOut::current();
+  if (!out.enabled(level, __FILE__)) return;
+  auto line = [&](const cAsciiString& text) { out.write(level, text.c_str(), __FILE__, __LINE__); };
+  line("WorkQueue status:");
+  if (!mpEvents)
+    line("No event processor!");
+  else
+    line(cAsciiString("Have event object (") +
+         (mpEvents->isAsynchronous() ? "asynchronous event processor" : "synchronous event processor") + ")");
+  line("Tasks:");
+  const qstd::cTime now;
+  for (tJobs::const_iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
+    const cWork* w = it->get();
+    if (!w) {
+      line(" * zero item");
+      continue;
+    }
+    cAsciiString text(" * Work (");
+    text += w->name();
+    text += ") ";
+    switch (w->type()) {
+      case cWork::SingleTask:
+        text += "Single task (planned in ";
+        text.addUNum32(msUntil(w->plannedTime(), now));
+        text += "ms)";
+        break;
+      case cWork::Periodic:
+        text += "Periodic (";
+        text.addUNum32(w->interval());
+        text += "ms interval)";
+        break;
+      case cWork::AsyncIO:
+        text += "Asynchronous I/O";
+        break;
+      default:
+        text += "unknown";
+    }
+    if (w->isStarted()) text += " (scheduled)";
+    if (w->isKeep()) text += " (keep)";
+    line(text);
+    cAsciiString counts("   * Triggered: ");
+    counts.addUNum32(w->statistic().numTriggered());
+    counts += " / numStarted: ";
+    counts.addUNum32(w->statistic().numStarted());
+    line(counts);
+    if (const cWorkStat::cDebugInfo* debug = w->statistic().debugInfo()) {
+      line(cAsciiString("   * Last start at: ") + clockText(debug->lastStart));
+      line(cAsciiString("   * Last triggered: ") + clockText(debug->lastTrigger));
+      out.writeBacktrace(level, "   * Started from:", debug->startTrace, debug->startTraceLength, __FILE__, __LINE__);
+    }
+  }
+}
+
+}  // namespace qpi

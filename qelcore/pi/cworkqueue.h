@@ -1,0 +1,111 @@
+// The main loop: a queue of works (cWork) that runs the due ones and waits
+// through its event processor until the next one is due.
+//
+//   qpi::cWorkQueue queue;
+//   queue.setEvents(qpi::cPlatform::createProcessEvents());
+//   qstd::tSharedObject<qpi::cWork> w = queue.createJob();
+//   w->sigTrigger.connect(saver, &cSaver::sltSave);
+//   w->start(100, qpi::cWork::SingleTask);
+//   for (;;) queue.process();           // one pass and one wait per call
+//
+// The system object owns the application's main queue (qpi::system()
+// .workQueue(); qpi::schedule() adds to it).
+//
+// A queue and its works belong to one thread and take no lock. Actions may
+// add, change and remove works while a pass runs, and may run nested passes
+// through a cLocalEventLoop: removed entries are only marked and leave the
+// list after the outermost pass. The one exception to the single thread is
+// post(), through which any thread hands a work over to the queue.
+//
+// Works added by reference (addJob(cWork&)) are kept while stopped and leave
+// the queue by themselves when they die; shared works stay alive while the
+// queue holds them. The queue and its works may die in either order.
+#ifndef QELCORE_PI_CWORKQUEUE_H
+#define QELCORE_PI_CWORKQUEUE_H
+
+#include "qelcore/pi/cabstractout.h"
+#include "qelcore/pi/cabstractprocessevents.h"
+#include "qelcore/pi/cwork.h"
+#include "qelcore/qelexport.h"
+#include "qelcore/rmi/cconnectable.h"
+#include "qelcore/std/tautoptr.h"
+#include "qelcore/std/tlist.h"
+#include "qelcore/std/tsharedobject.h"
+
+namespace qpi {
+
+class cLocalEventLoop;
+
+class QEL_EXPORT cWorkQueue : public qrmi::cConnectable {
+public:
+  typedef cAbstractProcessEvents::tJobs tJobs;
+
+  cWorkQueue();
+  ~cWorkQueue() override;
+
+  // Replaces the event processor; a null one clears the queue first.
+  void setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events);
+  cAbstractProcessEvents* events() const { return mpEvents.get(); }
+
+  // A new work, held by the queue; not started yet.
+  qstd::tSharedObject<cWork> createJob();
+  // Adds a shared work (once; a work already held is not added again).
+  void addJob(qstd::tSharedObject<cWork> work);
+  // Adds a work by reference: kept while stopped, dropped when it dies.
+  void addJob(cWork& work);
+  // Drops every entry of the work (the node leaves the list later).
+  void removeJob(const cWork& work);
+  // Drops every work.
+  void clear();
+
+  // One step of the main loop: runs the due works, then waits through the
+  // event processor until the next one is due. Without a processor a bug
+  // exception "No process event manager for workqueue!".
+  void process();
+  // The work whose action runs now, or null.
+  cWork* current() const { return mpCurrent; }
+  // Depth of the passes running now (1 inside an action, 2 inside a nested
+  // loop's action, ...).
+  unsigned int level() const { return miLevel; }
+  tJobs& jobs() { return mJobs; }
+  const tJobs& jobs() const { return mJobs; }
+  // Writes the queue's status to the debug output.
+  void debugDump(cAbstractOut::Level level = cAbstractOut::LevelInfo) const;
+
+  // Hands a work over from any thread; the queue takes ownership and adds it
+  // at its next pass (the event processor is woken where it can be), as if
+  // through addJob with no parent. Start the work before posting it, or it
+  // will not run.
+  void post(qstd::tAutoPtr<cWork> work);
+
+private:
+  friend class cLocalEventLoop;
+  class cInbox;
+
+  unsigned int processEvents(bool doProcess);
+  bool updateTimer(bool doProcess, unsigned int* wait);
+  unsigned int internProcess(bool doProcess, unsigned int& executed);
+  void checkEvents() const;
+  void appendJob(const qstd::tSharedObject<cWork>& work);
+  void drainInbox();
+
+  qsa::piVoid sltNotifyWorkChanged(cWork* work);
+  qsa::piVoid sltNotifyPEFinished();
+  qsa::piVoid sltWorkDestroyed(const cWork& work);
+
+  qstd::tAutoPtr<cAbstractProcessEvents> mpEvents;
+  tJobs mJobs;
+  unsigned int miLevel;
+  bool mbRescan;
+  unsigned int miLocalLoops;
+  unsigned int miClearing;
+  cWork* mpCurrent;
+  unsigned int miTimed;
+  unsigned int miAsync;
+  cLocalEventLoop* mpLoops;
+  cInbox* mpInbox;
+};
+
+}  // namespace qpi
+
+#endif

@@ -1,0 +1,107 @@
+#include "qelcore/pi/cwork.h"
+
+#include <gtest/gtest.h>
+
+#include "qelcore/pi/cabstractaiodata.h"
+#include "qelcore/pi/cfdaiodata.h"
+#include "qelcore/std/cbugexception.h"
+#include "qelcore/ucs/cstring.h"
+
+#include "support/worktestutil.h"
+
+using qpi::cWork;
+
+namespace {
+
+std::string messageOf(const qstd::cAbstractException& e) {
+  qucs::cString text;
+  e.createMessage(text, qucs::cString(""), 0, nullptr);
+  return text.ascii().c_str();
+}
+
+}  // namespace
+
+TEST(Work, StartingAsASingleTaskDropsTheIntervalButNotTheDelay) {
+  cWork w;
+  EXPECT_FALSE(w.isStarted());
+  EXPECT_EQ(w.plannedTime().get(), 0u);
+  w.start(500, cWork::SingleTask);
+  EXPECT_TRUE(w.isStarted());
+  EXPECT_EQ(w.interval(), 0u);
+  EXPECT_EQ(w.type(), cWork::SingleTask);
+  EXPECT_EQ((w.plannedTime() - w.scheduledTime()).toMSec(), 500u);
+  EXPECT_FALSE(w.isKeep());
+
+  w.start(40, cWork::AsyncIO);  // any nonzero type means periodic
+  EXPECT_EQ(w.type(), cWork::Periodic);
+  EXPECT_EQ(w.interval(), 40u);
+  EXPECT_TRUE(w.isKeep());
+  w.stop();
+  EXPECT_FALSE(w.isStarted());
+  w.start();
+  EXPECT_EQ(w.type(), cWork::Periodic);
+  EXPECT_EQ((w.plannedTime() - w.scheduledTime()).toMSec(), 40u);
+  EXPECT_EQ(w.statistic().numStarted(), 3u);
+}
+
+TEST(Work, IODataStartsAndStopsTheWork) {
+  cWork w;
+  EXPECT_FALSE(w.hasAIOData());
+  try {
+    w.aioData();
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(messageOf(e), "Work does not own asynchronous I/O data!");
+  }
+  qpi::cFDAIOData* data = new qpi::cFDAIOData;
+  data->addFd(7, qpi::tFdInfo::Read);
+  w.setAIOData(qstd::tAutoPtr<qpi::cAbstractAIOData>(data));
+  EXPECT_TRUE(w.isStarted());
+  EXPECT_EQ(w.type(), cWork::AsyncIO);
+  EXPECT_EQ(&w.aioData().fdAIOData(), data);
+  EXPECT_EQ(data->fds()[0], (qpi::tFdInfo{7, qpi::tFdInfo::Read}));
+
+  w.setAIOData(qstd::tAutoPtr<qpi::cAbstractAIOData>());
+  EXPECT_FALSE(w.isStarted());
+  EXPECT_EQ(w.type(), cWork::AsyncIO);
+
+  qpi::cAbstractAIOData plain;
+  try {
+    plain.fdAIOData();
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(messageOf(e), "Asynchronous I/O data does not have file descriptor information!");
+  }
+}
+
+TEST(Work, ActionWithoutReceiversDoesNothingAndCountsTheTrigger) {
+  cWork w;
+  w.setDebug(true);
+  w.start(0, cWork::SingleTask);
+  w.action();
+  EXPECT_EQ(w.statistic().numTriggered(), 1u);
+  ASSERT_TRUE(w.statistic().hasDebugInfo());
+  EXPECT_NE(w.statistic().debugInfo()->lastTrigger.get(), 0u);
+  EXPECT_NE(w.statistic().debugInfo()->startTraceLength, 0u);
+}
+
+TEST(ParentWatch, BecomesNullWhenTheParentDiesAndAssertsOnUse) {
+  qstd::tParentWatch<cWork> watch;
+  {
+    cWork parent;
+    watch.set(&parent);
+    EXPECT_EQ(watch.get(), &parent);
+    EXPECT_EQ(&*watch, &parent);
+  }
+  EXPECT_EQ(watch.get(), nullptr);
+  try {
+    watch->stop();
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_NE(messageOf(e).find("(mpObject != 0)"), std::string::npos);
+  }
+  // The watch may also die first.
+  cWork parent;
+  { qstd::tParentWatch<cWork> shortLived(&parent); }
+  EXPECT_EQ(parent.sigDestroyed.slotCount(), 0u);
+}

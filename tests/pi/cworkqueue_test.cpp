@@ -1,0 +1,417 @@
+#include "qelcore/pi/cworkqueue.h"
+
+#include <cstdio>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "qelcore/pi/cfdaiodata.h"
+#include "qelcore/pi/clocaleventloop.h"
+#include "qelcore/pi/cwqdebug.h"
+#include "qelcore/std/cabstractexception.h"
+#include "qelcore/std/cbugexception.h"
+#include "qelcore/std/cruntimeexception.h"
+#include "qelcore/ucs/cstring.h"
+
+#include "support/capturingout.h"
+#include "support/worktestutil.h"
+
+using qeltest::cJob;
+using qeltest::cRecordingEvents;
+using qeltest::cTestQueue;
+using qeltest::makeJob;
+using qpi::cWork;
+using qpi::cWorkQueue;
+using qsa::piVoid;
+using qstd::tSharedObject;
+
+namespace {
+
+std::string messageOf(const qstd::cAbstractException& e) {
+  qucs::cString text;
+  e.createMessage(text, qucs::cString(""), 0, nullptr);
+  return text.ascii().c_str();
+}
+
+// Receives action errors: what arrived and whether from a descendant.
+class cErrorSink : public qrmi::cConnectable {
+public:
+  std::vector<std::string> messages;
+  std::vector<bool> fromDescendant;
+  piVoid sltError(const qstd::cAbstractException& e, bool descendant) {
+    messages.push_back(messageOf(e));
+    fromDescendant.push_back(descendant);
+    return piVoid();
+  }
+};
+
+std::string idOf(const cWork* w) {
+  char text[40];
+  std::snprintf(text, sizeof text, "\"%llx\"", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(w)));
+  return text;
+}
+
+}  // namespace
+
+TEST(WorkQueuePass, SingleTaskRunsOnceWhenDueAndLeaves) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> now = makeJob(q, job, "now");
+  now->start(0, cWork::SingleTask);
+  cJob laterJob;
+  tSharedObject<cWork> later = makeJob(q, laterJob, "later");
+  later->start(60000, cWork::SingleTask);
+
+  q.process();
+  q.process();
+  EXPECT_EQ(job.calls, 1);
+  EXPECT_EQ(laterJob.calls, 0);
+  EXPECT_FALSE(now->isStarted());
+  EXPECT_EQ(q.jobs().size(), 1u);
+  EXPECT_EQ(q.jobs().first(), later);
+}
+
+TEST(WorkQueuePass, PeriodicWorkOfIntervalZeroRunsOncePerPassAndStays) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> w = makeJob(q, job, "tick");
+  w->start(0, cWork::Periodic);
+  for (int i = 0; i < 3; ++i) q.process();
+  EXPECT_EQ(job.calls, 3);
+  EXPECT_EQ(q.jobs().size(), 1u);
+  EXPECT_TRUE(w->isStarted());
+  EXPECT_EQ(w->statistic().numTriggered(), 3u);
+  EXPECT_EQ(w->statistic().numStarted(), 4u);  // start, then a restart before each run
+
+  w->stop();
+  q.process();
+  EXPECT_EQ(job.calls, 3);
+  EXPECT_EQ(q.jobs().size(), 1u) << "a stopped periodic work is kept";
+}
+
+TEST(WorkQueuePass, WaitsAreHandedToTheProcessor) {
+  cRecordingEvents* events = new cRecordingEvents;
+  cTestQueue q(events);
+  q.process();
+  EXPECT_TRUE(events->waits.empty()) << "an empty queue needs no wait";
+
+  cJob job;
+  tSharedObject<cWork> w = makeJob(q, job, "far");
+  w->start(60000, cWork::SingleTask);
+  q.process();
+  ASSERT_EQ(events->waits.size(), 1u);
+  EXPECT_GT(events->waits[0], 59000u);
+  EXPECT_LE(events->waits[0], 60000u);
+
+  // A pass that ran something does not wait.
+  tSharedObject<cWork> due = makeJob(q, job, "due");
+  due->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(job.calls, 1);
+  EXPECT_EQ(events->waits.size(), 1u);
+}
+
+TEST(WorkQueuePass, OnlyAsynchronousWorksWaitTenSeconds) {
+  cRecordingEvents* events = new cRecordingEvents(true);
+  cTestQueue q(events);
+  cJob job;
+  tSharedObject<cWork> io = makeJob(q, job, "io");
+  io->setAIOData(qstd::tAutoPtr<qpi::cAbstractAIOData>(new qpi::cFDAIOData));
+  EXPECT_TRUE(io->isStarted());
+  q.process();
+  EXPECT_EQ(job.calls, 0);
+  ASSERT_EQ(events->waits.size(), 1u);
+  EXPECT_EQ(events->waits[0], 10000u);
+
+  io->aioData().setEvent(true);
+  q.process();
+  EXPECT_EQ(job.calls, 1);
+  EXPECT_FALSE(io->aioData().isEvent()) << "the queue clears the event after the run";
+  EXPECT_EQ(q.jobs().size(), 1u) << "an I/O work is kept";
+}
+
+TEST(WorkQueuePass, WithoutIOSupportAnIOWorkIsPolledAtItsInterval) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> io = makeJob(q, job, "io");
+  io->start(0, cWork::Periodic);
+  io->setAIOData(qstd::tAutoPtr<qpi::cAbstractAIOData>(new qpi::cFDAIOData));
+  ASSERT_EQ(io->type(), cWork::AsyncIO);
+  q.process();
+  EXPECT_EQ(io->type(), cWork::Periodic);
+  EXPECT_EQ(job.calls, 1);
+  q.process();
+  EXPECT_EQ(job.calls, 2);
+}
+
+TEST(WorkQueueMembers, AddingByReferenceKeepsTheWorkOnceAndDropsItWhenItDies) {
+  cTestQueue q;
+  cJob job;
+  {
+    cWork w;
+    w.sigTrigger.connect(job, &cJob::sltRun);
+    q.addJob(w);
+    q.addJob(w);
+    EXPECT_EQ(q.jobs().size(), 1u);
+    EXPECT_TRUE(w.isKeep());
+    w.start(0, cWork::SingleTask);
+    q.process();
+    EXPECT_EQ(job.calls, 1);
+    EXPECT_EQ(q.jobs().size(), 1u) << "kept while stopped";
+  }
+  EXPECT_EQ(q.jobs().size(), 0u);
+  q.process();
+}
+
+TEST(WorkQueueMembers, QueueAndWorksDieInEitherOrder) {
+  cJob job;
+  cWork byRef;
+  tSharedObject<cWork> shared;
+  {
+    cTestQueue q;
+    q.addJob(byRef);
+    shared = makeJob(q, job, "shared");
+    shared->start(0, cWork::Periodic);
+  }
+  // Both works outlive the queue and can still change without it.
+  shared->stop();
+  byRef.start(5, cWork::SingleTask);
+  EXPECT_TRUE(shared.unique());
+
+  cWork unqueued;  // a work that never belonged to a queue comes and goes quietly
+}
+
+TEST(WorkQueueMembers, ClearAndANullProcessorDropEverything) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> a = makeJob(q, job, "a");
+  cWork b;
+  q.addJob(b);
+  q.clear();
+  EXPECT_EQ(q.jobs().size(), 0u);
+  EXPECT_TRUE(a.unique()) << "the queue let go of its handle";
+
+  tSharedObject<cWork> c = makeJob(q, job, "c");
+  q.setEvents(qstd::tAutoPtr<qpi::cAbstractProcessEvents>());
+  EXPECT_EQ(q.jobs().size(), 0u);
+}
+
+TEST(WorkQueueReentrance, ActionsRemoveAndAddWorksDuringThePass) {
+  cTestQueue q;
+  cJob first, victim, added;
+  tSharedObject<cWork> victimWork = makeJob(q, victim, "victim");
+  tSharedObject<cWork> firstWork = makeJob(q, first, "first");
+  tSharedObject<cWork> child;
+  first.body = [&] {
+    child = makeJob(q, added, "child");
+    child->start(0, cWork::SingleTask);
+    q.removeJob(*victimWork);
+    q.removeJob(*firstWork);
+  };
+  // The victim comes after the first in the list.
+  q.removeJob(*victimWork);
+  q.addJob(victimWork);
+  firstWork->start(0, cWork::SingleTask);
+  victimWork->start(0, cWork::SingleTask);
+
+  q.process();
+  EXPECT_EQ(first.calls, 1);
+  EXPECT_EQ(victim.calls, 0);
+  EXPECT_EQ(added.calls, 1) << "a work added during the walk is reached by it";
+  EXPECT_EQ(child->parent(), firstWork.get());
+  EXPECT_FALSE(q.jobs().hasMarked()) << "the outermost pass purges";
+  EXPECT_EQ(q.jobs().size(), 0u);
+}
+
+TEST(WorkQueueReentrance, NestedLoopsRunOtherWorksAndPurgeOnlyAtTheOutermostPass) {
+  cTestQueue q;
+  cJob outer, inner;
+  tSharedObject<cWork> outerWork = makeJob(q, outer, "outer");
+  tSharedObject<cWork> innerWork = makeJob(q, inner, "inner");
+  bool markedInside = false;
+  unsigned int levelInside = 0;
+  outer.body = [&] {
+    qpi::cLocalEventLoop loop(&q);
+    innerWork->start(0, cWork::SingleTask);
+    inner.body = [&] { levelInside = q.level(); };
+    loop.process();
+    markedInside = q.jobs().hasMarked();
+    EXPECT_EQ(q.current(), outerWork.get());
+  };
+  outerWork->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(inner.calls, 1);
+  EXPECT_EQ(levelInside, 2u);
+  EXPECT_TRUE(markedInside) << "a nested pass leaves erased nodes in place";
+  EXPECT_FALSE(q.jobs().hasMarked());
+  EXPECT_EQ(q.current(), nullptr);
+}
+
+TEST(WorkQueueReentrance, ChangesInsideALocalLoopWakeTheProcessor) {
+  cRecordingEvents* events = new cRecordingEvents;
+  cTestQueue q(events);
+  cJob job, other;
+  tSharedObject<cWork> w = makeJob(q, job, "w");
+  tSharedObject<cWork> o = makeJob(q, other, "o");
+  int wakeUpsInside = 0;
+  job.body = [&] {
+    const int before = events->wakeUps;
+    o->start(60000, cWork::SingleTask);  // no local loop: no wake-up
+    qpi::cLocalEventLoop loop(&q);
+    o->start(60000, cWork::SingleTask);
+    wakeUpsInside = events->wakeUps - before;
+  };
+  w->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(wakeUpsInside, 1);
+}
+
+TEST(WorkQueueErrors, ErrorsGoToTheWorkOrItsNearestAncestorWithAHandler) {
+  cTestQueue q;
+  cJob parentJob, childJob;
+  cErrorSink sink;
+  tSharedObject<cWork> parent = makeJob(q, parentJob, "parent");
+  parent->sigActionError().connect(sink, &cErrorSink::sltError);
+  tSharedObject<cWork> child;
+  parentJob.body = [&] {
+    child = makeJob(q, childJob, "child");
+    child->start(0, cWork::SingleTask);
+  };
+  childJob.body = [] { qstd::cSTDExceptions::throwUnexpectedEndOfInput(); };
+  parent->start(0, cWork::SingleTask);
+
+  qeltest::cCapturingOut out;
+  ASSERT_TRUE(out.setFilter("debug"));
+  q.process();
+  ASSERT_EQ(sink.messages.size(), 1u);
+  EXPECT_EQ(sink.messages[0], "Unexpected end of input!");
+  EXPECT_TRUE(sink.fromDescendant[0]);
+  EXPECT_TRUE(out.contains("  * Checking handler in child"));
+  EXPECT_TRUE(out.contains("  * Handler found in parent"));
+
+  // The work's own handler comes first and hears a non-library exception
+  // as a runtime exception naming the work.
+  cErrorSink own;
+  tSharedObject<cWork> w = makeJob(q, childJob, "mine");
+  w->sigActionError().connect(own, &cErrorSink::sltError);
+  childJob.body = [] { throw 42; };
+  w->start(0, cWork::SingleTask);
+  q.process();
+  ASSERT_EQ(own.messages.size(), 1u);
+  EXPECT_EQ(own.messages[0], "Error performing work mine!");
+  EXPECT_FALSE(own.fromDescendant[0]);
+}
+
+TEST(WorkQueueErrors, UnhandledErrorsLeaveProcessWithTheCurrentWorkRestored) {
+  cTestQueue q;
+  cJob job;
+  cErrorSink sink;
+  tSharedObject<cWork> w = makeJob(q, job, "plain");
+  job.body = [] { throw 7; };
+  w->start(0, cWork::SingleTask);
+  EXPECT_THROW(q.process(), int);
+  EXPECT_EQ(q.current(), nullptr);
+  EXPECT_EQ(q.level(), 0u);
+
+  // Without delegation even a connected handler is passed by.
+  w->sigActionError().connect(sink, &cErrorSink::sltError);
+  w->setDelegateExceptions(false);
+  job.body = [] { qstd::cSTDExceptions::throwUnexpectedEndOfInput(); };
+  w->start(0, cWork::SingleTask);
+  EXPECT_THROW(q.process(), qstd::cRuntimeException);
+  EXPECT_TRUE(sink.messages.empty());
+}
+
+TEST(WorkQueueErrors, AnIOWorkFailingThreeTimesInARowIsStoppedAsAmuck) {
+  cTestQueue q(new cRecordingEvents(true));
+  cJob job;
+  cErrorSink sink;
+  tSharedObject<cWork> io = makeJob(q, job, "reader");
+  io->sigActionError().connect(sink, &cErrorSink::sltError);
+  io->setAIOData(qstd::tAutoPtr<qpi::cAbstractAIOData>(new qpi::cFDAIOData));
+  job.body = [] { qstd::cSTDExceptions::throwUnexpectedEndOfInput(); };
+  for (int i = 0; i < 3; ++i) {
+    io->aioData().setEvent(true);
+    q.process();
+  }
+  EXPECT_EQ(sink.messages.size(), 3u);
+  EXPECT_TRUE(io->isAmuck());
+
+  io->aioData().setEvent(true);
+  try {
+    q.process();
+    FAIL() << "an amuck work must stop the pass";
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(messageOf(e), "Stopping amuck work \"reader\"!");
+  }
+  EXPECT_EQ(job.calls, 3);
+  EXPECT_FALSE(io->isStarted());
+  EXPECT_EQ(q.jobs().size(), 1u) << "the amuck work stays in the list, stopped";
+  EXPECT_EQ(q.level(), 0u);
+}
+
+TEST(WorkQueueErrors, ProcessingWithoutAProcessorIsABug) {
+  cWorkQueue q;
+  qeltest::cCapturingOut out;
+  try {
+    q.process();
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(messageOf(e), "No process event manager for workqueue!");
+  }
+  EXPECT_TRUE(out.contains("*** WORKQUEUE HAS BEEN FOUND A BUG ***"));
+  EXPECT_TRUE(out.contains("No event processor!"));
+}
+
+TEST(WorkQueueDumps, StatusDumpAndDotGraph) {
+  cTestQueue q;
+  cJob tickJob;
+  tSharedObject<cWork> tick = makeJob(q, tickJob, "tick");
+  tSharedObject<cWork> child;
+  tickJob.body = [&] {
+    if (!child) child = makeJob(q, tickJob, "child");
+  };
+  tick->start(0, cWork::Periodic);
+  q.process();
+  tick->start(250, cWork::Periodic);
+
+  qeltest::cCapturingOut out;
+  q.debugDump(qpi::cAbstractOut::LevelWarning);
+  std::vector<std::string> lines;
+  for (const auto& e : out.entries()) lines.push_back(e.text);
+  const std::vector<std::string> expected = {
+      "WorkQueue status:",
+      "Have event object (synchronous event processor)",
+      "Tasks:",
+      " * Work (tick) Periodic (250ms interval) (scheduled) (keep)",
+      "   * Triggered: 1 / numStarted: 3",
+      " * Work (child) Single task (planned in 0ms)",
+      "   * Triggered: 0 / numStarted: 0",
+  };
+  EXPECT_EQ(lines, expected);
+
+  const std::string dot = qpi::cWqDebug::dot(&q).c_str();
+  const std::string t = idOf(tick.get()), c = idOf(child.get());
+  EXPECT_EQ(dot,
+            "digraph G {\n" + t +
+                " [ label=\"Periodic\\ntick\\n(250ms interval), Active, Keep)\",shape=\"ellipse\",style=\"filled\","
+                "color=\"grey\" ];\n" +
+                c +
+                " [ label=\"Single task\\nchild\\n(planned in 0ms)\",shape=\"ellipse\",style=\"filled\","
+                "color=\"lightgrey\" ];\n" +
+                t + " -> " + c + ";\n}\n");
+}
+
+TEST(WorkQueueDumps, TheRunningWorkIsMarkedCurrentInTheGraph) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> w = makeJob(q, job, "");
+  std::string dot;
+  job.body = [&] { dot = qpi::cWqDebug::dot(&q).c_str(); };
+  w->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_NE(dot.find("label=\"Single task\\n\\n(planned in 0ms, Current)\",shape=\"doubleoctagon\",style=\"filled\","
+                     "color=\"LightSteelBlue\" ];"),
+            std::string::npos)
+      << dot;
+}
