@@ -2,117 +2,74 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <cxxabi.h>
-#include <map>
-#include <mutex>
 #include <vector>
 #include <windows.h>
+
+#include "qelcore/pi/platform/cfunctiontable.h"
 
 namespace qpi {
 
 namespace {
 
-// The functions of one loaded module, from the COFF symbol table that the
-// GNU linker leaves in executables and DLLs unless they are stripped.
-// Addresses are relative to the module's base (RVAs).
-class cFunctionTable {
-public:
-  explicit cFunctionTable(const char* path) {
-    std::FILE* file = std::fopen(path, "rb");
-    if (!file) return;
-    read(file);
-    std::fclose(file);
-    std::sort(mvFunctions.begin(), mvFunctions.end(),
-              [](const cFunction& a, const cFunction& b) { return a.miStart < b.miStart; });
-  }
-
-  // The name of the function that holds `rva` and where it starts; null
-  // when none does. A function ends where the next one begins.
-  const char* find(std::uintptr_t rva, std::uintptr_t& start) const {
-    auto after = std::upper_bound(mvFunctions.begin(), mvFunctions.end(), rva,
-                                  [](std::uintptr_t a, const cFunction& f) { return a < f.miStart; });
-    if (after == mvFunctions.begin()) return nullptr;
-    const cFunction& f = *(after - 1);
-    if (rva >= f.miSectionEnd) return nullptr;
-    start = f.miStart;
-    return mNames.data() + f.miName;
-  }
-
-private:
-  struct cFunction {
-    std::uintptr_t miStart;
-    std::uintptr_t miSectionEnd;
-    std::size_t miName;
-  };
-
-  static bool readAt(std::FILE* file, void* to, std::size_t size, long at) {
-    return std::fseek(file, at, SEEK_SET) == 0 && std::fread(to, 1, size, file) == size;
-  }
-
-  void read(std::FILE* file) {
-    IMAGE_DOS_HEADER dos;
-    if (!readAt(file, &dos, sizeof dos, 0) || dos.e_magic != IMAGE_DOS_SIGNATURE) return;
-    DWORD signature = 0;
-    IMAGE_FILE_HEADER header;
-    if (!readAt(file, &signature, sizeof signature, dos.e_lfanew) || signature != IMAGE_NT_SIGNATURE ||
-        !readAt(file, &header, sizeof header, dos.e_lfanew + 4) || header.PointerToSymbolTable == 0 ||
-        header.NumberOfSymbols == 0)
-      return;
-    std::vector<IMAGE_SECTION_HEADER> sections(header.NumberOfSections);
-    const long sectionsAt = dos.e_lfanew + 4 + sizeof header + header.SizeOfOptionalHeader;
-    if (!readAt(file, sections.data(), sections.size() * sizeof(IMAGE_SECTION_HEADER), sectionsAt)) return;
-    // The symbols, 18 bytes each, then the string table with its size first.
-    std::vector<IMAGE_SYMBOL> symbols(header.NumberOfSymbols);
-    const long symbolsAt = static_cast<long>(header.PointerToSymbolTable);
-    const long stringsAt = symbolsAt + static_cast<long>(header.NumberOfSymbols * IMAGE_SIZEOF_SYMBOL);
-    DWORD stringsSize = 0;
-    if (!readAt(file, symbols.data(), symbols.size() * IMAGE_SIZEOF_SYMBOL, symbolsAt) ||
-        !readAt(file, &stringsSize, sizeof stringsSize, stringsAt) || stringsSize < 4)
-      return;
-    std::string strings(stringsSize, '\0');
-    if (!readAt(file, &strings[0], stringsSize, stringsAt)) return;
-    for (DWORD i = 0; i < header.NumberOfSymbols; i += 1 + symbols[i].NumberOfAuxSymbols) {
-      const IMAGE_SYMBOL& sym = symbols[i];
-      if (!ISFCN(sym.Type) || sym.SectionNumber <= 0 || sym.SectionNumber > header.NumberOfSections) continue;
-      const IMAGE_SECTION_HEADER& section = sections[sym.SectionNumber - 1];
-      const std::size_t name = mNames.size();
-      if (sym.N.Name.Short != 0) {
-        mNames.append(reinterpret_cast<const char*>(sym.N.ShortName),
-                      strnlen(reinterpret_cast<const char*>(sym.N.ShortName), 8));
-      } else if (sym.N.Name.Long < stringsSize) {
-        mNames.append(strings.c_str() + sym.N.Name.Long);
-      } else {
-        continue;
-      }
-      mNames += '\0';
-      mvFunctions.push_back(
-          cFunction{section.VirtualAddress + sym.Value,
-                    section.VirtualAddress + std::max(section.Misc.VirtualSize, section.SizeOfRawData), name});
-    }
-  }
-
-  std::vector<cFunction> mvFunctions;
-  std::string mNames;
-};
-
-const cFunctionTable& functionsOf(const char* path) {
-  static std::mutex mutex;
-  static std::map<std::string, cFunctionTable>* tables = new std::map<std::string, cFunctionTable>;
-  std::lock_guard<std::mutex> lock(mutex);
-  auto found = tables->find(path);
-  if (found == tables->end()) found = tables->emplace(path, cFunctionTable(path)).first;
-  return found->second;
+bool readAt(std::FILE* file, void* to, std::size_t size, long at) {
+  return std::fseek(file, at, SEEK_SET) == 0 && std::fread(to, 1, size, file) == size;
 }
 
-void appendDemangled(const char* name, std::string& out) {
-  // 32-bit symbols carry a leading underscore before the C++ name.
-  if (name[0] == '_' && name[1] == '_' && name[2] == 'Z') ++name;
-  int status = 0;
-  char* demangled = abi::__cxa_demangle(name, nullptr, nullptr, &status);
-  out += (status == 0 && demangled) ? demangled : name;
-  std::free(demangled);
+// The functions of a module from the COFF symbol table that the GNU linker
+// leaves in programs and DLLs unless they are stripped; addresses relative
+// to the module's base. A function ends where the next one begins, or with
+// its section.
+void readFunctions(std::FILE* file, cFunctionTable& table) {
+  IMAGE_DOS_HEADER dos;
+  if (!readAt(file, &dos, sizeof dos, 0) || dos.e_magic != IMAGE_DOS_SIGNATURE) return;
+  DWORD signature = 0;
+  IMAGE_FILE_HEADER header;
+  if (!readAt(file, &signature, sizeof signature, dos.e_lfanew) || signature != IMAGE_NT_SIGNATURE ||
+      !readAt(file, &header, sizeof header, dos.e_lfanew + 4) || header.PointerToSymbolTable == 0 ||
+      header.NumberOfSymbols == 0)
+    return;
+  std::vector<IMAGE_SECTION_HEADER> sections(header.NumberOfSections);
+  const long sectionsAt = dos.e_lfanew + 4 + sizeof header + header.SizeOfOptionalHeader;
+  if (!readAt(file, sections.data(), sections.size() * sizeof(IMAGE_SECTION_HEADER), sectionsAt)) return;
+  // The symbols, 18 bytes each, then the string table with its size first.
+  std::vector<IMAGE_SYMBOL> symbols(header.NumberOfSymbols);
+  const long symbolsAt = static_cast<long>(header.PointerToSymbolTable);
+  const long stringsAt = symbolsAt + static_cast<long>(header.NumberOfSymbols * IMAGE_SIZEOF_SYMBOL);
+  DWORD stringsSize = 0;
+  if (!readAt(file, symbols.data(), symbols.size() * IMAGE_SIZEOF_SYMBOL, symbolsAt) ||
+      !readAt(file, &stringsSize, sizeof stringsSize, stringsAt) || stringsSize < 4)
+    return;
+  std::string strings(stringsSize, '\0');
+  if (!readAt(file, &strings[0], stringsSize, stringsAt)) return;
+  std::vector<std::uintptr_t> starts;
+  for (DWORD i = 0; i < header.NumberOfSymbols; i += 1 + symbols[i].NumberOfAuxSymbols)
+    if (ISFCN(symbols[i].Type) && symbols[i].SectionNumber > 0 && symbols[i].SectionNumber <= header.NumberOfSections)
+      starts.push_back(sections[symbols[i].SectionNumber - 1].VirtualAddress + symbols[i].Value);
+  std::sort(starts.begin(), starts.end());
+  for (DWORD i = 0; i < header.NumberOfSymbols; i += 1 + symbols[i].NumberOfAuxSymbols) {
+    const IMAGE_SYMBOL& sym = symbols[i];
+    if (!ISFCN(sym.Type) || sym.SectionNumber <= 0 || sym.SectionNumber > header.NumberOfSections) continue;
+    const IMAGE_SECTION_HEADER& section = sections[sym.SectionNumber - 1];
+    const std::uintptr_t start = section.VirtualAddress + sym.Value;
+    std::uintptr_t end = section.VirtualAddress + std::max(section.Misc.VirtualSize, section.SizeOfRawData);
+    auto next = std::upper_bound(starts.begin(), starts.end(), start);
+    if (next != starts.end() && *next < end) end = *next;
+    if (sym.N.Name.Short != 0) {
+      const char* name = reinterpret_cast<const char*>(sym.N.ShortName);
+      table.add(start, end, name, strnlen(name, 8));
+    } else if (sym.N.Name.Long < stringsSize) {
+      const char* name = strings.c_str() + sym.N.Name.Long;
+      table.add(start, end, name, std::strlen(name));
+    }
+  }
+}
+
+void readFile(const char* path, cFunctionTable& table) {
+  std::FILE* file = std::fopen(path, "rb");
+  if (!file) return;
+  readFunctions(file, table);
+  std::fclose(file);
 }
 
 }  // namespace
@@ -144,9 +101,10 @@ void cNativeDebugImpl::describeAddress(std::uintptr_t address, std::string& out)
   const std::uintptr_t base = reinterpret_cast<std::uintptr_t>(module);
   // The return address points behind the call; look up the call itself.
   std::uintptr_t start = 0;
-  if (const char* name = functionsOf(path).find(address - 1 - base, start)) {
+  if (const char* name = cFunctionTable::of(path, readFile).find(address - 1 - base, start)) {
     out += ' ';
-    appendDemangled(name, out);
+    // 32-bit C++ names carry a leading underscore.
+    cFunctionTable::appendDemangled(name[0] == '_' && name[1] == '_' && name[2] == 'Z' ? name + 1 : name, out);
     std::snprintf(buf, sizeof buf, "+0x%llx", static_cast<unsigned long long>(address - base - start));
     out += buf;
   }
