@@ -9,9 +9,9 @@
 #define QELCORE_STD_TARRAY_H
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
+#include "qelcore/std/cpoolmemory.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tabstractarrayproxy.h"
 #include "qelcore/std/tarrayasciistringtraits.h"
@@ -90,7 +90,9 @@ public:
     other.miSize = 0;
     other.miAllocated = 0;
   }
-  ~tArray() override { std::free(mpPool); }
+  ~tArray() override {
+    if (mpPool) cPoolMemory::release(mpPool);
+  }
 
   tArray& operator=(const tArray& other) {
     if (this != &other) {
@@ -536,13 +538,13 @@ private:
     }
     const std::size_t bytes = (static_cast<std::size_t>(allocate) + Traits::ExtraElements) * sizeof(T);
     if (bytes == 0) {
-      std::free(mpPool);
+      cPoolMemory::release(mpPool);
       mpPool = nullptr;
       miPoolSize = 0;
       miAllocated = 0;
       return;
     }
-    T* pool = static_cast<T*>(std::realloc(mpPool, bytes));
+    T* pool = static_cast<T*>(cPoolMemory::resize(mpPool, bytes));
     if (pool == nullptr) {
       cSTDExceptions::throwOutOfMemory();
     }
