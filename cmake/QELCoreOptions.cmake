@@ -8,6 +8,13 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   endif()
 endif()
 
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  # Source positions (__FILE__, the callers that throw functions report) are
+  # written relative to the tree: the same on every machine, and short enough
+  # for an exception's file-name field.
+  add_compile_options(-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
+endif()
+
 if(QELCORE_SANITIZE)
   add_compile_options(-fsanitize=${QELCORE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${QELCORE_SANITIZE})

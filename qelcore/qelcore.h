@@ -12,6 +12,7 @@
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cabstractexceptionfactory.h"
 #include "qelcore/std/cbugexception.h"
+#include "qelcore/std/ccallsite.h"
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
@@ -25,6 +26,7 @@
 #include "qelcore/std/ctextparseexception.h"
 #include "qelcore/std/ctypeerrorexception.h"
 #include "qelcore/std/ctypemissmatchexception.h"
+#include "qelcore/std/texception.h"
 
 // std: arrays, strings, pointers, containers and tokenizers
 #include "qelcore/std/casciistring.h"

@@ -1,13 +1,11 @@
 #include "qelcore/pi/cpiexceptionfactory.h"
 
 #include "qelcore/pi/cunsupportedplatformexception.h"
-#include "qelcore/std/casciistring.h"
 
 namespace qpi {
 
 qstd::cAbstractException* cPIExceptionFactory::createException(const qstd::cAsciiString& typeName) const {
-  if (typeName == "cUnsupportedPlatformException") return new cUnsupportedPlatformException();
-  return nullptr;
+  return qstd::createExceptionNamed<cUnsupportedPlatformException>(typeName);
 }
 
 }  // namespace qpi

@@ -46,7 +46,7 @@ void cPIExceptions::throwNoOsPath(const char* file, unsigned int line) {
 
 void cPIExceptions::throwOSError(const char* operation, int code, const char* text, const char* file,
                                  unsigned int line) {
-  qstd::cOSErrorException e(qstd::cAsciiString(operation), code);
+  qstd::cOSErrorException e(qstd::cAsciiString(operation), code, file, line);
   e.link(qstd::cRuntimeException(cLIMessage(qstd::cAsciiString("$QTR$") + text), file, line));
   throw e;
 }

@@ -8,18 +8,13 @@
 
 namespace qpi {
 
-class QEL_EXPORT cUnsupportedPlatformException : public qstd::cBugException {
+class QEL_EXPORT cUnsupportedPlatformException
+    : public qstd::tException<cUnsupportedPlatformException, qstd::cBugException> {
 public:
-  cUnsupportedPlatformException();
-  cUnsupportedPlatformException(const char* operation, const char* file, unsigned int line);
-  cUnsupportedPlatformException(const cUnsupportedPlatformException& other);
-  cUnsupportedPlatformException& operator=(const cUnsupportedPlatformException& other);
-  ~cUnsupportedPlatformException() override;
-  void swap(cUnsupportedPlatformException& other);
+  static const char* staticTypeName() { return "cUnsupportedPlatformException"; }
 
-  qstd::cAbstractException* createObject() const override;
-  qstd::cAbstractException* clone() const override;
-  qstd::cAsciiString typeName() const override;
+  cUnsupportedPlatformException() {}
+  cUnsupportedPlatformException(const char* operation, const char* file, unsigned int line);
 };
 
 }  // namespace qpi

@@ -1,16 +1,30 @@
 #include "qelcore/rmi/cabstractsignal.h"
 
 #include "qelcore/pi/cabstractout.h"
+#include "qelcore/rmi/cabstractslotcall.h"
 #include "qelcore/rmi/cconnectable.h"
 #include "qelcore/rmi/cpublicsignal.h"
 #include "qelcore/rmi/crmiexceptions.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cstdexceptions.h"
 
 namespace qrmi {
 
 cAbstractSignal::cAbstractSignal() : meBehavior(eMustBeConnected), mpPublicSignal(nullptr) {}
 
-cAbstractSignal::~cAbstractSignal() {}
+cAbstractSignal::~cAbstractSignal() {
+  if (cPublicSignal* record = mpPublicSignal) {
+    mpPublicSignal = nullptr;
+    cConnectable::signalDestroyed(*record);
+  }
+}
+
+void cAbstractSignal::adopt(cAbstractSlotCall& call) {
+  QEL_ASSERT(!call.mbAttached, "rmi/cabstractsignal");
+  call.mpObject->notifySignalAttached(*this);
+  call.mpSignal = this;
+  call.mbAttached = true;
+}
 
 void cAbstractSignal::connectIndirect(cConnectable&, const qstd::cAsciiString&) {
   cRMIExceptions::throwIndirectLocalConnection();

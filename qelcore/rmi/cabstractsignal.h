@@ -12,6 +12,7 @@ class cAsciiString;
 
 namespace qrmi {
 
+class cAbstractSlotCall;
 class cConnectable;
 class cPublicSignal;
 class cSSValue;
@@ -29,6 +30,7 @@ public:
   cAbstractSignal();
   cAbstractSignal(const cAbstractSignal&) = delete;
   cAbstractSignal& operator=(const cAbstractSignal&) = delete;
+  // A published signal takes its description out of its owner's interface.
   virtual ~cAbstractSignal();
 
   // Removes and destroys every slot call whose receiver is `object`; returns
@@ -44,7 +46,10 @@ public:
   virtual void setQueued(bool queued);
 
   // Publishes the signal under `name` in `owner`'s interface; the type strings
-  // come from the signal's C++ types. Returns the new description.
+  // come from the signal's C++ types. Returns the new description, which
+  // lives until the signal or the owner's public signals go (clear() or its
+  // destruction). A signal is published once at a time: a second export is a
+  // bug exception.
   cPublicSignal& exportSignal(cConnectable& owner, const qstd::cAsciiString& name, InterfaceType type,
                               const qstd::cAsciiString& description);
   // A bug exception for a signal that was never exported.
@@ -66,6 +71,10 @@ protected:
   // Warns (with a stack trace) when the signal is destroyed while
   // `emissionDepth` emissions of it are still running.
   void checkNIC(unsigned int emissionDepth) const;
+  // Makes `call` one of this signal's connections: its receiver gets an
+  // entry for this signal, which the slot call's destruction takes away.
+  // Every signal calls it before it stores a slot call.
+  void adopt(cAbstractSlotCall& call);
 
 private:
   InvocationBehavior meBehavior;

@@ -8,15 +8,13 @@
 namespace qrmi {
 
 cAbstractSlotCall::cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal)
-    : mpObject(&object), mpSignal(signal), mpPublicSlot(nullptr) {
-  if (signal) object.notifySignalAttached(*signal);
-}
+    : mpObject(&object), mpSignal(signal), mpPublicSlot(nullptr), mbAttached(false) {}
 
 cAbstractSlotCall::cAbstractSlotCall(const cAbstractSlotCall& other)
-    : mpObject(other.mpObject), mpSignal(other.mpSignal), mpPublicSlot(other.mpPublicSlot) {}
+    : mpObject(other.mpObject), mpSignal(other.mpSignal), mpPublicSlot(other.mpPublicSlot), mbAttached(false) {}
 
 cAbstractSlotCall::~cAbstractSlotCall() {
-  if (mpSignal) mpObject->notifySignalDetached(*mpSignal);
+  if (mbAttached) mpObject->notifySignalDetached(*mpSignal);
 }
 
 bool cAbstractSlotCall::matchSlotOfObject(const cConnectable* object) const { return object == mpObject; }
@@ -28,7 +26,7 @@ void cAbstractSlotCall::call(qsa::cAbstractDeserializer&, qsa::cAbstractSerializ
 void cAbstractSlotCall::call(qsa::cReferenceFrame&) const { QEL_DEBUG("DummyCall (1)"); }
 
 void cAbstractSlotCall::reAssign(cAbstractSignal* signal) {
-  if (mpSignal && signal) mpObject->reAssign(*mpSignal, *signal);
+  if (mbAttached && signal) mpObject->reAssign(*mpSignal, *signal);
 }
 
 const qstd::cAsciiString& cAbstractSlotCall::publicSlotName() const {

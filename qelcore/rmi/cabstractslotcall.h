@@ -20,13 +20,12 @@ namespace qrmi {
 class cConnectable;
 class cAbstractSignal;
 class cPublicSlot;
-template <class R, class... A>
-class localSignalN;
-
 class QEL_EXPORT cAbstractSlotCall {
 public:
-  // Remembers the receiver; a slot call created for a signal registers that
-  // signal with the receiver so that the receiver can detach on destruction.
+  // Remembers the receiver and the signal the slot call is made for. The
+  // receiver learns of the connection when a signal takes the slot call over
+  // (connect), so that it can detach on destruction; a slot call dropped
+  // before that leaves no trace in the receiver's bookkeeping.
   cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal);
   // Copies the fields and tells nobody: the copy is not (yet) attached.
   cAbstractSlotCall(const cAbstractSlotCall& other);
@@ -42,9 +41,10 @@ public:
   // result. Here: writes "DummyCall (1)".
   virtual void call(qsa::cReferenceFrame& frame) const;
 
-  // Moves this connection's entry in the receiver's list of attached
-  // signals over to `signal`. The own signal field is left alone: the signal
-  // that takes the slot call over sets it.
+  // Renames the receiver's entries for this slot call's signal to `signal`
+  // (all of them). The own signal field is left alone. Nothing happens
+  // before a signal took the slot call over; connect() itself never needs
+  // it, since taking a slot call over gives the receiver its entry.
   void reAssign(cAbstractSignal* signal);
 
   cConnectable& assignedObject() const { return *mpObject; }
@@ -56,14 +56,14 @@ public:
   const qstd::cAsciiString& publicSlotName() const;
 
 private:
-  template <class R, class... A>
-  friend class localSignalN;
-  // Used by a signal that takes over a slot call created without one.
-  void setSignal(cAbstractSignal* signal) { mpSignal = signal; }
+  friend class cAbstractSignal;
 
   cConnectable* mpObject;
   cAbstractSignal* mpSignal;
   const cPublicSlot* mpPublicSlot;
+  // The receiver holds an entry for mpSignal on behalf of this slot call:
+  // set when the signal took the slot call over.
+  bool mbAttached;
 };
 
 }  // namespace qrmi

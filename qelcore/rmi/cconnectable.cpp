@@ -19,7 +19,9 @@ cConnectable::cConnectable() : mpSlots(nullptr), mpSignals(nullptr), mbDetaching
 
 cConnectable::~cConnectable() {
   detachAllSignals();
-  deletePublicLists();
+  deletePublicRecords();
+  delete mpSlots;
+  delete mpSignals;
 }
 
 void cConnectable::notifySignalAttached(cAbstractSignal& signal) { mAttachedSignals.push_back(&signal); }
@@ -39,12 +41,18 @@ void cConnectable::detachAllSignals() {
   // the list stable while it is walked.
   mbDetaching = true;
   for (std::size_t i = 0; i < mAttachedSignals.size(); ++i) mAttachedSignals[i]->disconnectObject(*this);
+  mAttachedSignals.clear();
   mbDetaching = false;
 }
 
 void cConnectable::clear() {
   detachAllSignals();
-  mAttachedSignals.clear();
+  deletePublicRecords();
+}
+
+void cConnectable::deletePublicRecords() {
+  // Taken out of the lists first: a description of a peer's signal deletes
+  // the stand-in it owns, whose destruction must not find it listed.
   if (mpSlots) {
     tPublicSlotList slots;
     slots.swap(*mpSlots);
@@ -53,24 +61,21 @@ void cConnectable::clear() {
   if (mpSignals) {
     tPublicSignalList signals;
     signals.swap(*mpSignals);
-    for (cPublicSignal* signal : signals) {
-      if (signal->mpOwnedSignal == nullptr && signal->signal().isPublicSignal() == signal)
-        signal->signal().setPublicSignal(nullptr);
-      delete signal;
-    }
+    for (cPublicSignal* signal : signals) delete signal;
   }
 }
 
-void cConnectable::deletePublicLists() {
-  if (mpSlots)
-    for (cPublicSlot* slot : *mpSlots) delete slot;
-  delete mpSlots;
-  mpSlots = nullptr;
-  // The signals themselves may be gone already (members die before this base).
-  if (mpSignals)
-    for (cPublicSignal* signal : *mpSignals) delete signal;
-  delete mpSignals;
-  mpSignals = nullptr;
+void cConnectable::signalDestroyed(cPublicSignal& record) {
+  record.mpSignal = nullptr;
+  tPublicSignalList* list = record.mpOwner ? record.mpOwner->mpSignals : nullptr;
+  if (!list) return;
+  // Signals die in the reverse order of their export, as members do.
+  for (std::size_t i = list->size(); i-- > 0;)
+    if ((*list)[i] == &record) {
+      list->erase(list->begin() + static_cast<std::ptrdiff_t>(i));
+      delete &record;
+      return;
+    }
 }
 
 bool cConnectable::operator==(const cAbstractSlotCall* slot) const { return slot->matchSlotOfObject(this); }
@@ -97,9 +102,11 @@ cPublicSlot& cConnectable::registerSlot(const cAsciiString& name, const cAsciiSt
 cPublicSignal& cConnectable::registerSignal(const cAsciiString& name, const cAsciiString& returnTypeName,
                                             const cAsciiString& paramTypeNames, cAbstractSignal::InterfaceType type,
                                             const cAsciiString& description, cAbstractSignal& signal) {
+  if (signal.isPublicSignal()) cRMIExceptions::throwSignalAlreadyPublic();
   codRSignals();
   mpSignals->reserve(mpSignals->size() + 1);
   cPublicSignal* record = new cPublicSignal(name, returnTypeName, paramTypeNames, description, type, signal);
+  record->mpOwner = this;
   mpSignals->push_back(record);
   signal.setPublicSignal(record);
   return *record;
@@ -183,6 +190,7 @@ cPublicSlot& cConnectable::registerRemoteSlot(qsa::cAbstractDeserializer& in, cA
 cPublicSignal& cConnectable::registerRemoteSignal(qsa::cAbstractDeserializer& in, cAbstractRMIFactory& factory) {
   qsa::cPositionGuard guard(in);
   qstd::tAutoPtr<cPublicSignal> record(new cPublicSignal(in));
+  record->mpOwner = this;
   qstd::tAutoPtr<cAbstractSignal> signal = factory.createSignal(*this, *record);
   QEL_ASSERT(signal.get() != 0, "rmi/cconnectable");
   record->adoptSignal(signal);

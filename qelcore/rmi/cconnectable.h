@@ -47,11 +47,10 @@ public:
   void notifySignalAttached(cAbstractSignal& signal);
   // Removes every entry of `signal` at once (ignored while detaching).
   void notifySignalDetached(cAbstractSignal& signal);
-  // Asks every attached signal to drop this object's slot calls. The list
-  // itself is left as it is.
+  // Asks every attached signal to drop this object's slot calls, then
+  // forgets them: an entry kept would point at a signal that may die first.
   void detachAllSignals();
-  // detachAllSignals, then forgets the attached signals and deletes the
-  // public slots and signals.
+  // detachAllSignals, then deletes the public slots and signals.
   void clear();
   // Whether `slot` calls this object.
   bool operator==(const cAbstractSlotCall* slot) const;
@@ -109,7 +108,9 @@ private:
                                 const qstd::cAsciiString& description, cAbstractSignal& signal);
   const cPublicSlot* tryFindPublicSlot(const qstd::cAsciiString& name) const;
   cPublicSignal* tryFindPublicSignal(const qstd::cAsciiString& name) const;
-  void deletePublicLists();
+  void deletePublicRecords();
+  // A published signal dies: its description leaves its owner's interface.
+  static void signalDestroyed(cPublicSignal& record);
 
   tSignalList mAttachedSignals;
   tPublicSlotList* mpSlots;

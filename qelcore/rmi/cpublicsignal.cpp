@@ -15,20 +15,26 @@ cPublicSignal::cPublicSignal(const qstd::cAsciiString& name, const qstd::cAsciiS
       msDescription(description),
       meType(type),
       mpSignal(&signal),
-      mpOwnedSignal(nullptr) {}
+      mpOwnedSignal(nullptr),
+      mpOwner(nullptr) {}
 
 cPublicSignal::cPublicSignal(qsa::cAbstractDeserializer& in)
-    : meType(cAbstractSignal::eProvidedInterface), mpSignal(nullptr), mpOwnedSignal(nullptr) {
+    : meType(cAbstractSignal::eProvidedInterface), mpSignal(nullptr), mpOwnedSignal(nullptr), mpOwner(nullptr) {
   *this << in;
 }
 
 void cPublicSignal::adoptSignal(qstd::tAutoPtr<cAbstractSignal> signal) {
+  if (mpSignal && mpSignal->isPublicSignal() == this) mpSignal->setPublicSignal(nullptr);
   delete mpOwnedSignal;
   mpOwnedSignal = signal.release();
   mpSignal = mpOwnedSignal;
 }
 
-cPublicSignal::~cPublicSignal() { delete mpOwnedSignal; }
+cPublicSignal::~cPublicSignal() {
+  // The signal outlives its description only as a signal no longer public.
+  if (mpSignal && mpSignal->isPublicSignal() == this) mpSignal->setPublicSignal(nullptr);
+  delete mpOwnedSignal;
+}
 
 cSSValue& cPublicSignal::addParameter() {
   mvParameters.push_back(cSSValue());

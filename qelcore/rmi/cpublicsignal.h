@@ -63,6 +63,8 @@ private:
   cSSValue mReturnValue;
   // The stand-in of a peer's signal; null for a signal of the owner.
   cAbstractSignal* mpOwnedSignal;
+  // The connectable whose interface lists this description.
+  cConnectable* mpOwner;
 };
 
 }  // namespace qrmi

@@ -16,12 +16,12 @@ namespace qrmi {
 using qstd::cAsciiString;
 using qucs::cLIMessage;
 
-void cRMIExceptions::throwNoSuchSlot(const cAsciiString& slot, const cAsciiString& args) {
+void cRMIExceptions::throwNoSuchSlot(const cAsciiString& slot, const cAsciiString& args, qstd::cCallSite at) {
   throw cNoSuchSlotException(cLIMessage("$QTR$Slot \"%slot%(%args%)\" not found in interface!") << slot << args, slot,
-                             args, __FILE__, __LINE__);
+                             args, at.file, at.line);
 }
 
-void cRMIExceptions::throwNoSuchSlot(const cAsciiString& slot, qsa::cReferenceFrame& frame) {
+void cRMIExceptions::throwNoSuchSlot(const cAsciiString& slot, qsa::cReferenceFrame& frame, qstd::cCallSite at) {
   cAsciiString args;
   try {
     qsa::cSerializeToTypeString types;
@@ -32,57 +32,62 @@ void cRMIExceptions::throwNoSuchSlot(const cAsciiString& slot, qsa::cReferenceFr
     args = frame.typeString();
   }
   throw cNoSuchSlotException(cLIMessage("$QTR$Slot \"%slot%(%args%)\" not found in interface") << slot << args, slot,
-                             args, __FILE__, __LINE__);
+                             args, at.file, at.line);
 }
 
-void cRMIExceptions::throwNoSuchSignal(const cAsciiString& signal) {
+void cRMIExceptions::throwNoSuchSignal(const cAsciiString& signal, qstd::cCallSite at) {
   throw cNoSuchSignalException(cLIMessage("$QTR$Signal \"%s%\" could not be found in interface!") << signal, signal,
-                               __FILE__, __LINE__);
+                               at.file, at.line);
 }
 
-void cRMIExceptions::throwUnconnectedSignal() {
-  throw cUnconnectedSignalException(cLIMessage("$QTR$Call of an unconnected signal"), __FILE__, __LINE__);
+void cRMIExceptions::throwUnconnectedSignal(qstd::cCallSite at) {
+  throw cUnconnectedSignalException(cLIMessage("$QTR$Call of an unconnected signal"), at.file, at.line);
 }
 
-void cRMIExceptions::throwIndirectLocalConnection() {
-  throw qstd::cBugException(cLIMessage("$QTR$Indirect connections not possible with explicit local signals!"), __FILE__,
-                            __LINE__);
+void cRMIExceptions::throwIndirectLocalConnection(qstd::cCallSite at) {
+  throw qstd::cBugException(cLIMessage("$QTR$Indirect connections not possible with explicit local signals!"), at.file,
+                            at.line);
 }
 
-void cRMIExceptions::throwIndirectLocalSlotCall() {
+void cRMIExceptions::throwIndirectLocalSlotCall(qstd::cCallSite at) {
   throw qstd::cBugException(cLIMessage("$QTR$Slots connected to an explicit local signal cannot be called indirectly!"),
-                            __FILE__, __LINE__);
+                            at.file, at.line);
 }
 
-void cRMIExceptions::throwIndirectCallSlotCallRef() {
-  throw qstd::cBugException(cLIMessage("$QTR$Indirect slots cannot be called by reference!"), __FILE__, __LINE__);
+void cRMIExceptions::throwIndirectCallSlotCallRef(qstd::cCallSite at) {
+  throw qstd::cBugException(cLIMessage("$QTR$Indirect slots cannot be called by reference!"), at.file, at.line);
 }
 
-void cRMIExceptions::throwParameterMissmatch(const cPublicSlot* slot, const qstd::cAbstractException& cause) {
+void cRMIExceptions::throwParameterMissmatch(const cPublicSlot* slot, const qstd::cAbstractException& cause,
+                                             qstd::cCallSite at) {
   if (!slot) {
     cCallParameterMissmatchException e(
-        cLIMessage("$QTR$Slot parameter or return value missmatch on unregistered slot!"), cAsciiString(), __FILE__,
-        __LINE__);
+        cLIMessage("$QTR$Slot parameter or return value missmatch on unregistered slot!"), cAsciiString(), at.file,
+        at.line);
     e.link(cause);
     throw e;
   }
   qstd::cRuntimeException definition(cLIMessage("$QTR$Definition: \"%returnValue% %slotName%(%arguments%)\"")
                                          << slot->returnTypeName() << slot->name() << slot->paramTypeNames(),
-                                     __FILE__, __LINE__);
+                                     at.file, at.line);
   definition.link(cause);
   cCallParameterMissmatchException e(
-      cLIMessage("$QTR$Slot parameter of (%slot%) or return value missmatch!") << slot->name(), slot->name(), __FILE__,
-      __LINE__);
+      cLIMessage("$QTR$Slot parameter of (%slot%) or return value missmatch!") << slot->name(), slot->name(), at.file,
+      at.line);
   e.link(definition);
   throw e;
 }
 
-void cRMIExceptions::throwNotPublicSignal() {
-  throw qstd::cBugException(cLIMessage("$QTR$Signal is not a public one!"), __FILE__, __LINE__);
+void cRMIExceptions::throwSignalAlreadyPublic(qstd::cCallSite at) {
+  throw qstd::cBugException(cLIMessage("$QTR$Signal is already a public one!"), at.file, at.line);
 }
 
-void cRMIExceptions::throwNotPublicSlot() {
-  throw qstd::cBugException(cLIMessage("$QTR$Slot is not a public one!"), __FILE__, __LINE__);
+void cRMIExceptions::throwNotPublicSignal(qstd::cCallSite at) {
+  throw qstd::cBugException(cLIMessage("$QTR$Signal is not a public one!"), at.file, at.line);
+}
+
+void cRMIExceptions::throwNotPublicSlot(qstd::cCallSite at) {
+  throw qstd::cBugException(cLIMessage("$QTR$Slot is not a public one!"), at.file, at.line);
 }
 
 }  // namespace qrmi

@@ -60,25 +60,13 @@ public:
   // signal). The same pair may be connected more than once.
   template <class T>
   tSlotCall& connect(T& object, R (T::*method)(A...)) {
-    mvSlots.reserve(mvSlots.size() + 1);
-    tSlotCall* call = new cDirectLocalSlotCallN<T, R, A...>(object, method, this);
-    mvSlots.push_back(call);
-    return *call;
+    return take(new cDirectLocalSlotCallN<T, R, A...>(object, method, this));
   }
   // Takes over a slot call created elsewhere (for example one that calls a
-  // public slot by name). A slot call that belongs to another signal moves
-  // its receiver's entry over to this one.
+  // public slot by name), whichever signal it was made for.
   tSlotCall& connect(qstd::tAutoPtr<tSlotCall> slot) {
     QEL_ASSERT(slot.get() != 0, "rmi/localsignaln");
-    mvSlots.reserve(mvSlots.size() + 1);
-    tSlotCall* call = slot.release();
-    if (call->signal() == nullptr)
-      call->assignedObject().notifySignalAttached(*this);
-    else if (call->signal() != this)
-      call->reAssign(this);
-    call->setSignal(this);
-    mvSlots.push_back(call);
-    return *call;
+    return take(slot.release());
   }
 
   bool disconnectObject(const cConnectable& object) override { return removeSlotsOf(object); }
@@ -102,8 +90,6 @@ public:
       first->invoke(result, args...);
       return result;
     }
-    count = mvSlots.size();
-    if (count < 2) return R();
     for (std::size_t i = 1; i < count; ++i) mvSlots[i]->mbCalled = false;
     // Flags instead of indices: slots that connect or disconnect others
     // during the emission neither skip a slot nor call one twice.
@@ -177,6 +163,18 @@ private:
     localSignalN& mSignal;
     cEmissionLink& mLink;
   };
+  // Stores `call` (owned from here on) as the last connection.
+  tSlotCall& take(tSlotCall* call) {
+    try {
+      mvSlots.reserve(mvSlots.size() + 1);
+      adopt(*call);
+    } catch (...) {
+      delete call;
+      throw;
+    }
+    mvSlots.push_back(call);
+    return *call;
+  }
   bool removeSlotsOf(const cConnectable& object) {
     bool removed = false;
     for (tSlotCall*& call : mvSlots)

@@ -25,8 +25,10 @@ public:
   cDeserializeBinary();
   // Reads the viewed bytes (not copied).
   explicit cDeserializeBinary(const qstd::tConstArrayRef<char>& data);
-  // Reads the array (not copied; it must outlive the reader).
+  // Reads the array (not copied; it must outlive the reader). A temporary
+  // array would be gone before it is read: refused at compile time.
   explicit cDeserializeBinary(const qstd::tArray<char>& data);
+  explicit cDeserializeBinary(const qstd::tArray<char>&& data) = delete;
   // Takes the array's content over (the array is left empty).
   cDeserializeBinary(qstd::tArray<char>& data, bool bTakeOver);
   // Reads the same bytes from the same position; open contexts stay behind.
@@ -36,6 +38,7 @@ public:
   // Starts over on other bytes (not copied); open contexts are abandoned.
   void setData(const qstd::tConstArrayRef<char>& data);
   void setData(const qstd::tArray<char>& data);
+  void setData(const qstd::tArray<char>&& data) = delete;
   // Starts over on a copy of the bytes.
   void setData(const char* pData, unsigned int iSize);
 

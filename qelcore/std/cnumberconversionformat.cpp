@@ -115,26 +115,6 @@ void cNumberConversionFormat::setDigitSymbol(unsigned int i, char symbol) {
   mbStandardSymbols = std::memcmp(mszDigitSymbols, standard, DigitSymbolCount) == 0;
 }
 
-int cNumberConversionFormat::digitValue(unsigned int c) const {
-  unsigned int upper = (c >= 'a' && c <= 'z') ? c - 32 : c;
-  if (mbStandardSymbols) {
-    unsigned int v;
-    if (upper >= '0' && upper <= '9')
-      v = upper - '0';
-    else if (upper >= 'A' && upper <= 'Z')
-      v = upper - 'A' + 10;
-    else
-      return -1;
-    return v < miBase ? static_cast<int>(v) : -1;
-  }
-  for (unsigned int i = 0; i < miBase; ++i) {
-    unsigned int s = static_cast<unsigned char>(mszDigitSymbols[i]);
-    if (s >= 'a' && s <= 'z') s -= 32;
-    if (s == upper) return static_cast<int>(i);
-  }
-  return -1;
-}
-
 bool cNumberConversionFormat::detectBase(const cAsciiString& text, unsigned int& base,
                                          unsigned int& prefixLength) const {
   return detect(text.c_str(), text.size(), base, prefixLength);

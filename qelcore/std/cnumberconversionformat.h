@@ -54,9 +54,6 @@ public:
   bool detectBase(const char* text, unsigned int length, unsigned int& base, unsigned int& prefixLength) const;
   bool detectBase(const unsigned int* text, unsigned int length, unsigned int& base, unsigned int& prefixLength) const;
 
-  // Value of the digit `c` (compared upper-cased) among the first base()
-  // symbols, or -1.
-  int digitValue(unsigned int c) const;
   // True while the symbols are the unchanged set of the digit case.
   bool hasStandardSymbols() const { return mbStandardSymbols; }
 

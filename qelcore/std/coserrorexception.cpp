@@ -2,6 +2,12 @@
 
 namespace qstd {
 
+cOSErrorException::cOSErrorException(const cAsciiString& operation, int osErrorCode)
+    : cOSErrorException(operation, osErrorCode, "unknown", 0) {}
+
+cOSErrorException::cOSErrorException(const cAsciiString& operation, int osErrorCode, const qucs::cString& fileName)
+    : cOSErrorException(operation, osErrorCode, fileName, "unknown", 0) {}
+
 cOSErrorException::cOSErrorException(const cAsciiString& operation, int osErrorCode, const char* file,
                                      unsigned int line)
     : tException(qucs::cLIMessage("$QTR$OS-Error while trying operation \"%operation%\"!") << operation, file, line),

@@ -14,10 +14,13 @@ public:
   static const char* staticTypeName() { return "cOSErrorException"; }
 
   cOSErrorException() : miOsErrorCode(0) {}
-  cOSErrorException(const cAsciiString& operation, int osErrorCode, const char* file = "unknown",
-                    unsigned int line = 0);
-  cOSErrorException(const cAsciiString& operation, int osErrorCode, const qucs::cString& fileName,
-                    const char* file = "unknown", unsigned int line = 0);
+  cOSErrorException(const cAsciiString& operation, int osErrorCode);
+  cOSErrorException(const cAsciiString& operation, int osErrorCode, const qucs::cString& fileName);
+  // The same, raised at `file` and `line` (no defaults: a file name given as
+  // a C string must not be taken for the source file).
+  cOSErrorException(const cAsciiString& operation, int osErrorCode, const char* file, unsigned int line);
+  cOSErrorException(const cAsciiString& operation, int osErrorCode, const qucs::cString& fileName, const char* file,
+                    unsigned int line);
 
   const cAsciiString& operation() const { return mOperation; }
   int osErrorCode() const { return miOsErrorCode; }

@@ -6,6 +6,7 @@
 #define QELCORE_STD_CSTDEXCEPTIONS_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/std/ccallsite.h"
 
 namespace qucs {
 class cString;
@@ -25,41 +26,56 @@ enum OutOfRangeType {
   OutOfRangeEndValue = 4
 };
 
+// Every function reports the file and line it was called from (the default
+// argument fills them in); those taking `file` and `line` report what they
+// are given.
 class QEL_EXPORT cSTDExceptions {
 public:
   // cBugException "Assertion failed in file %file%:%line%. (%operation%)!".
   [[noreturn]] static void throwAssertionFailed(const char* expr, const char* file, unsigned int line);
   // cBugException "Bug ("%bug%") detected!" raised at file/line.
   [[noreturn]] static void throwCoreBug(const char* bug, const char* file, unsigned int line);
-  [[noreturn]] static void throwUnsupportedOperation(const cAsciiString& op);
-  [[noreturn]] static void throwUnsupportedOperation(const char* op);
-  [[noreturn]] static void throwUnexpectedEndOfInput();
-  [[noreturn]] static void throwOutOfBounds(const char* container, const char* operation);
-  [[noreturn]] static void throwElementNotFound(const char* container, const char* operation);
+  [[noreturn]] static void throwUnsupportedOperation(const cAsciiString& op, cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwUnsupportedOperation(const char* op, cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwUnexpectedEndOfInput(cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwOutOfBounds(const char* container, const char* operation,
+                                            cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwElementNotFound(const char* container, const char* operation,
+                                                cCallSite at = cCallSite::here());
   [[noreturn]] static void throwOutOfRange(const char* container, const char* operation, OutOfRangeType type,
-                                           long long value, long long min, long long max);
-  [[noreturn]] static void throwInvalidDecimalBase(int base, int min, int max);
+                                           long long value, long long min, long long max,
+                                           cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwInvalidDecimalBase(int base, int min, int max, cCallSite at = cCallSite::here());
   // The bad text is shown with '?' for every character above 127.
-  [[noreturn]] static void throwInvalidDecimal(const qucs::cString& text, unsigned int index);
-  [[noreturn]] static void throwInvalidDecimal(const cAsciiString& text, unsigned int index);
-  [[noreturn]] static void throwInvalidDecimal(const char* text, unsigned int length, unsigned int index);
+  [[noreturn]] static void throwInvalidDecimal(const qucs::cString& text, unsigned int index,
+                                               cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwInvalidDecimal(const cAsciiString& text, unsigned int index,
+                                               cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwInvalidDecimal(const char* text, unsigned int length, unsigned int index,
+                                               cCallSite at = cCallSite::here());
   // A double that cannot be written as digits (the remainder became NaN).
-  [[noreturn]] static void throwInvalidFractionalNumber(bool inIntegerPart);
-  [[noreturn]] static void throwNumberConversion(const qucs::cString& text, unsigned int index);
+  [[noreturn]] static void throwInvalidFractionalNumber(bool inIntegerPart, cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwNumberConversion(const qucs::cString& text, unsigned int index,
+                                                 cCallSite at = cCallSite::here());
   [[noreturn]] static void throwTextParseError(const qucs::cLIMessage& msg, const cAsciiString& format,
-                                               const qucs::cString& file, unsigned int row, unsigned int column);
+                                               const qucs::cString& file, unsigned int row, unsigned int column,
+                                               cCallSite at = cCallSite::here());
   [[noreturn]] static void throwTextParseError(const qucs::cLIMessage& msg, const cAsciiString& format,
-                                               unsigned int row, unsigned int column);
-  [[noreturn]] static void throwWrongAnyDereference(const cAsciiString& type, const cAsciiString& contains);
-  [[noreturn]] static void throwTypeError(const cAsciiString& type);
-  [[noreturn]] static void throwTypeMissmatch(const cAsciiString& expected, const cAsciiString& assigned);
-  [[noreturn]] static void throwOSError(const cAsciiString& operation, int osErrorCode);
-  [[noreturn]] static void throwOSError(const cAsciiString& operation, int osErrorCode, const qucs::cString& file);
+                                               unsigned int row, unsigned int column, cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwWrongAnyDereference(const cAsciiString& type, const cAsciiString& contains,
+                                                    cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwTypeError(const cAsciiString& type, cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwTypeMissmatch(const cAsciiString& expected, const cAsciiString& assigned,
+                                              cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwOSError(const cAsciiString& operation, int osErrorCode,
+                                        cCallSite at = cCallSite::here());
+  [[noreturn]] static void throwOSError(const cAsciiString& operation, int osErrorCode, const qucs::cString& file,
+                                        cCallSite at = cCallSite::here());
   // A cRuntimeException that carries the out-of-memory flag; renders without
   // allocating message parts.
-  [[noreturn]] static void throwOutOfMemory();
+  [[noreturn]] static void throwOutOfMemory(cCallSite at = cCallSite::here());
   // cRuntimeException "Unknown exception type %s%!" (rebuilding a chain).
-  [[noreturn]] static void throwUnknownExceptionType(const cAsciiString& typeName);
+  [[noreturn]] static void throwUnknownExceptionType(const cAsciiString& typeName, cCallSite at = cCallSite::here());
   // Any message as cBugException / cRuntimeException.
   [[noreturn]] static void throwBug(const qucs::cLIMessage& msg, const char* file, unsigned int line);
   [[noreturn]] static void throwRuntime(const qucs::cLIMessage& msg, const char* file, unsigned int line);

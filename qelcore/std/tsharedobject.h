@@ -33,8 +33,11 @@ public:
     }
   }
   tSharedObject(const tSharedObject& other) : tSharedObject(other.mpData, other.mpObject) {}
+  // A handle of a related type onto the same data; as null as `other` (the
+  // pointer of an object that is gone is not converted: that may read it).
   template <typename U>
-  tSharedObject(const tSharedObject<U>& other) : tSharedObject(other.sharedData(), other.rawObject()) {}
+  tSharedObject(const tSharedObject<U>& other)
+      : tSharedObject(other.sharedData(), other.null() ? nullptr : other.rawObject()) {}
   tSharedObject(tSharedObject&& other) noexcept : mpData(other.mpData), mpObject(other.mpObject) {
     other.mpData = nullptr;
     other.mpObject = nullptr;
@@ -87,15 +90,15 @@ public:
     other.mpObject = o;
   }
 
-  // A handle of another type onto the same shared data (empty when the
-  // dynamic cast fails).
+  // A handle of another type onto the same shared data; empty when this
+  // handle is null() or the dynamic cast fails.
   template <typename U>
   tSharedObject<U> staticCast() const {
-    return tSharedObject<U>(mpData, static_cast<U*>(mpObject));
+    return null() ? tSharedObject<U>() : tSharedObject<U>(mpData, static_cast<U*>(mpObject));
   }
   template <typename U>
   tSharedObject<U> dynamicCast() const {
-    U* p = dynamic_cast<U*>(mpObject);
+    U* p = null() ? nullptr : dynamic_cast<U*>(mpObject);
     return p == nullptr ? tSharedObject<U>() : tSharedObject<U>(mpData, p);
   }
 

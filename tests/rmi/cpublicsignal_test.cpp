@@ -45,3 +45,48 @@ TEST(cPublicSignal, ExportFindAndNames) {
   EXPECT_EQ(svc.tryFindSlot("add"), nullptr);
   EXPECT_THROW(svc.findSignal("changed"), qrmi::cNoSuchSignalException);
 }
+
+TEST(cPublicSignal, TheSignalAndItsRecordDetachInEitherOrder) {
+  typedef qrmi::localSignal1<piVoid, int> tSignal;
+  // The signal dies first: the owner forgets its description, and clearing
+  // or destroying the owner no longer reaches the signal.
+  {
+    cService owner;
+    tSignal* sig = new tSignal;
+    sig->exportSignal(owner, "gone", qrmi::cAbstractSignal::eProvidedInterface, "");
+    owner.sigChanged.exportSignal(owner, "changed", qrmi::cAbstractSignal::eProvidedInterface, "");
+    delete sig;
+    EXPECT_THROW(owner.findSignal("gone"), qrmi::cNoSuchSignalException);
+    ASSERT_NE(owner.hasPublicSignals(), nullptr);
+    EXPECT_EQ(owner.hasPublicSignals()->size(), 1u);
+    EXPECT_EQ(&owner.findSignal("changed").signal(), &owner.sigChanged);
+    owner.clear();
+    EXPECT_EQ(owner.sigChanged.isPublicSignal(), nullptr);
+  }
+  {
+    cService owner;
+    tSignal* sig = new tSignal;
+    sig->exportSignal(owner, "gone", qrmi::cAbstractSignal::eProvidedInterface, "");
+    delete sig;
+  }
+  // The owner dies first: the signal is no public one any more and can be
+  // published again.
+  tSignal sig;
+  {
+    cService owner;
+    sig.exportSignal(owner, "early", qrmi::cAbstractSignal::eProvidedInterface, "");
+  }
+  EXPECT_EQ(sig.isPublicSignal(), nullptr);
+  EXPECT_THROW(sig.publicSignalName(), qstd::cBugException);
+  cService next;
+  sig.exportSignal(next, "again", qrmi::cAbstractSignal::eProvidedInterface, "");
+  EXPECT_STREQ(sig.publicSignalName().c_str(), "again");
+  // One description per signal: a second one could not be kept in step.
+  try {
+    sig.exportSignal(next, "twice", qrmi::cAbstractSignal::eProvidedInterface, "");
+    FAIL();
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(textOf(e), "Signal is already a public one!");
+  }
+  EXPECT_THROW(next.findSignal("twice"), qrmi::cNoSuchSignalException);
+}

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "qelcore/rmi/cindirectlazyslotcalln.h"
 #include "qelcore/rmi/cunconnectedsignalexception.h"
 #include "qelcore/rmi/signal0.h"
 #include "qelcore/std/cbugexception.h"
@@ -56,6 +57,8 @@ TEST(LocalSignalEmission, UnconnectedSignalThrowsOrReturnsDefault) {
   } catch (const qrmi::cUnconnectedSignalException& e) {
     EXPECT_EQ(textOf(e), "Call of an unconnected signal");
     EXPECT_EQ(std::string(e.typeName().c_str()), "cUnconnectedSignalException");
+    // Raised where the emission found no slot.
+    EXPECT_STREQ(e.sourceFileName(), "qelcore/rmi/localsignaln.h");
   }
   EXPECT_EQ(sig.emissionDepth(), 0u);
   sig.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
@@ -303,24 +306,36 @@ TEST(LocalSignalLifetime, DestroyingTheSignalFromItsOwnSlotWarnsAndStopsTheEmiss
   EXPECT_TRUE(out.entries().empty());
 }
 
-TEST(LocalSignalLifetime, ADetachedSlotCallDropsEveryEntryOfItsSignal) {
-  // Two connections to the same signal, and a third slot call for that
-  // signal that dies on its own: the receiver forgets the signal altogether
-  // while the signal still holds its connections.
+TEST(LocalSignalLifetime, SlotCallsTheSignalDoesNotHoldLeaveTheReceiversEntriesAlone) {
+  tLog log;
+  auto* a = new cReceiver(log, "a");
+  cReceiver b(log, "b");
+  localSignal1<piVoid, int> sig, other;
+  sig.connect(*a, &cReceiver::sltNote);
+  sig.connect(b, &cReceiver::sltNote);
+  // Made for the signal, dropped before it was connected.
+  { qrmi::cIndirectLazySlotCall1<piVoid, int> stray(*a, "note", &sig); }
+  // Made for the signal, connected to another one.
+  other.connect(qstd::tAutoPtr<qrmi::cAbstractSlotCall1<piVoid, int>>(
+      new qrmi::cDirectLocalSlotCall1<cReceiver, piVoid, int>(*a, &cReceiver::sltNote, &sig)));
+  EXPECT_EQ(a->attachedSignals(), (cConnectable::tSignalList{&sig, &other}));
+  delete a;
+  EXPECT_EQ(sig.slotCount(), 1u);
+  EXPECT_EQ(other.slotCount(), 0u);
+  sig(1);
+  EXPECT_EQ(log, (tLog{"b:1"}));
+}
+
+TEST(LocalSignalLifetime, DetachingKeepsNoEntryForSignalsThatMayDieFirst) {
   tLog log;
   cReceiver a(log, "a");
-  localSignal1<piVoid, int> sig;
-  sig.connect(a, &cReceiver::sltNote);
-  sig.connect(a, &cReceiver::sltNote);
-  EXPECT_EQ(a.attachedSignals().size(), 2u);
-  { qrmi::cDirectLocalSlotCall1<cReceiver, piVoid, int> stray(a, &cReceiver::sltNote, &sig); }
-  EXPECT_TRUE(a.attachedSignals().empty());
-  EXPECT_EQ(sig.slotCount(), 2u);
-  // So detaching the receiver no longer reaches them.
+  auto* sig = new localSignal1<piVoid, int>;
+  sig->connect(a, &cReceiver::sltNote);
   a.detachAllSignals();
-  EXPECT_EQ(sig.slotCount(), 2u);
-  sig.disconnect(a);
-  EXPECT_EQ(sig.slotCount(), 0u);
+  EXPECT_EQ(sig->slotCount(), 0u);
+  EXPECT_TRUE(a.attachedSignals().empty());
+  delete sig;
+  // `a` dies last and must not reach the signal.
 }
 
 TEST(LocalSignalConnections, TakingOverASlotCallMovesTheReceiversEntry) {

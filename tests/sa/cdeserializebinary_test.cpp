@@ -3,6 +3,8 @@
 #include "qelcore/sa/cdeserializebinary.h"
 
 #include <cmath>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -25,6 +27,18 @@ using qsa::cDeserializeBinary;
 using qsa::cSerializeBinary;
 
 namespace {
+
+// The reader keeps a pointer to the bytes: a temporary array must not compile.
+template <class A, class = void>
+struct tCanSetData : std::false_type {};
+template <class A>
+struct tCanSetData<A, decltype(std::declval<cDeserializeBinary&>().setData(std::declval<A>()))> : std::true_type {};
+
+static_assert(std::is_constructible<cDeserializeBinary, const qstd::tArray<char>&>::value, "reads an array in place");
+static_assert(!std::is_constructible<cDeserializeBinary, qstd::tArray<char>>::value, "refuses a temporary array");
+static_assert(!std::is_constructible<cDeserializeBinary, const qstd::tArray<char>>::value, "refuses a temporary array");
+static_assert(tCanSetData<qstd::tArray<char>&>::value, "reads an array in place");
+static_assert(!tCanSetData<qstd::tArray<char>>::value, "refuses a temporary array");
 
 std::string textOf(const qstd::cAbstractException& e) {
   qstd::cAsciiString text;

@@ -1,5 +1,6 @@
 #include "qelcore/std/cstdexceptions.h"
 
+#include <functional>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -14,6 +15,7 @@
 #include "qelcore/std/ctextparseexception.h"
 #include "qelcore/std/ctypeerrorexception.h"
 #include "qelcore/std/ctypemissmatchexception.h"
+#include "qelcore/std/tarray.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -112,4 +114,47 @@ TEST(cSTDExceptions, OutOfRangeAlwaysUsesTheIndexText) {
   EXPECT_EQ(textOf(e),
             "Index out of range in unknown / unknown. The index should be between -9223372036854775808 - 3 "
             "but is -1!");
+}
+
+TEST(cSTDExceptions, ExceptionsCarryTheCallersFileAndLine) {
+  const unsigned int first = __LINE__ + 2;
+  const std::function<void()> calls[] = {
+      [] { cSTDExceptions::throwUnsupportedOperation("fly"); },
+      [] { cSTDExceptions::throwUnexpectedEndOfInput(); },
+      [] { cSTDExceptions::throwOutOfBounds("c", "o"); },
+      [] { cSTDExceptions::throwElementNotFound("c", "o"); },
+      [] { cSTDExceptions::throwOutOfRange("c", "o", OutOfRangeSize, 7, 0, 5); },
+      [] { cSTDExceptions::throwInvalidDecimalBase(40, 2, 36); },
+      [] { cSTDExceptions::throwInvalidDecimal(cString("1x"), 1); },
+      [] { cSTDExceptions::throwInvalidFractionalNumber(false); },
+      [] { cSTDExceptions::throwNumberConversion(cString("1x"), 1); },
+      [] { cSTDExceptions::throwTextParseError(cLIMessage("$QTR$bad"), cAsciiString("ini"), cString("a.ini"), 1, 2); },
+      [] { cSTDExceptions::throwTextParseError(cLIMessage("$QTR$bad"), cAsciiString("ini"), 1, 2); },
+      [] { cSTDExceptions::throwWrongAnyDereference(cAsciiString("int"), cAsciiString("double")); },
+      [] { cSTDExceptions::throwTypeError(cAsciiString("cFoo")); },
+      [] { cSTDExceptions::throwTypeMissmatch(cAsciiString("A"), cAsciiString("B")); },
+      [] { cSTDExceptions::throwOSError(cAsciiString("open"), 2); },
+      [] { cSTDExceptions::throwOSError(cAsciiString("open"), 2, cString("a.txt")); },
+      [] { cSTDExceptions::throwOutOfMemory(); },
+      [] { cSTDExceptions::throwUnknownExceptionType(cAsciiString("cX")); },
+  };
+  for (unsigned int i = 0; i < sizeof calls / sizeof calls[0]; ++i) {
+    try {
+      calls[i]();
+      ADD_FAILURE() << "nothing thrown by call " << i;
+    } catch (const cAbstractException& e) {
+      EXPECT_STREQ(e.sourceFileName(), __FILE__) << "call " << i;
+      EXPECT_EQ(e.sourceFileLine(), first + i) << "call " << i;
+    }
+  }
+
+  // Checks inside the library's templates report their own place.
+  tArray<char> array;
+  try {
+    array.at(3);
+    FAIL();
+  } catch (const cOutOfRangeException& e) {
+    EXPECT_NE(std::string(e.sourceFileName()).find("qelcore/std/"), std::string::npos) << e.sourceFileName();
+    EXPECT_GT(e.sourceFileLine(), 0u);
+  }
 }

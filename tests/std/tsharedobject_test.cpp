@@ -105,3 +105,29 @@ TEST_F(tSharedObjectTest, ObjectDestructorMayDropHandlesToItsOwnData) {
   EXPECT_EQ(2u, one.sharedData()->handles());
   EXPECT_TRUE(two.null());
 }
+
+namespace {
+
+// Reached through a virtual base, so converting a pointer reads the object.
+struct cJoined : virtual cCounted {
+  int miJoined = 3;
+};
+
+}  // namespace
+
+TEST_F(tSharedObjectTest, ConversionsOfAnInvalidatedObjectAreNull) {
+  tSharedObject<cJoined> joined(new cJoined);
+  tSharedObject<cCounted> asBase(joined);
+  EXPECT_EQ(3, asBase.dynamicCast<cJoined>()->miJoined);
+  joined.invalidateObject();
+  EXPECT_EQ(0, alive());
+
+  tSharedObject<cCounted> converted(joined);
+  EXPECT_TRUE(converted.null());
+  EXPECT_EQ(nullptr, converted.get());
+  EXPECT_EQ(joined.sharedData(), converted.sharedData());
+  EXPECT_TRUE(joined.staticCast<cCounted>().null());
+  EXPECT_TRUE(joined.dynamicCast<cCounted>().null());
+  EXPECT_TRUE(asBase.dynamicCast<cJoined>().null());
+  EXPECT_TRUE(asBase.dynamicCast<cDerived>().null());
+}
