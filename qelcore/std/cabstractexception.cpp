@@ -197,17 +197,24 @@ void cAbstractException::store(qsa::cAbstractSerializer& s) const {
   guard.commit();
 }
 
-void cAbstractException::load(qsa::cAbstractDeserializer& d) {
+void cAbstractException::loadKind(qsa::cAbstractDeserializer& d, Type& type, bool& outOfMemory) {
   qsa::cPositionGuard guard(d);
-  int type = 0;
-  bool outOfMemory = false;
-  type << d;
-  outOfMemory << d;
-  if (type != TypeBug && type != TypeRuntime)
-    cSTDExceptions::throwOutOfRange("cAbstractException", "load", OutOfRangeValue, type, TypeBug, TypeRuntime);
+  int kind = 0;
+  bool oom = false;
+  kind << d;
+  oom << d;
+  if (kind != TypeBug && kind != TypeRuntime)
+    cSTDExceptions::throwOutOfRange("cAbstractException", "load", OutOfRangeValue, kind, TypeBug, TypeRuntime);
   guard.commit();
-  meType = static_cast<Type>(type);
-  mbOutOfMemory = outOfMemory;
+  type = static_cast<Type>(kind);
+  outOfMemory = oom;
+}
+
+void cAbstractException::load(qsa::cAbstractDeserializer& d) {
+  Type type;
+  bool outOfMemory;
+  loadKind(d, type, outOfMemory);
+  setKind(type, outOfMemory);
 }
 
 void cAbstractException::storeRecursive(qsa::cAbstractSerializer& s) const {

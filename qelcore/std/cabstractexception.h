@@ -110,6 +110,13 @@ public:
 
 protected:
   void setOutOfMemoryCondition(bool on) { mbOutOfMemory = on; }
+  // What load() reads, without changing the exception, and its setting:
+  // a class that loads more than the base applies it when all was read.
+  static void loadKind(qsa::cAbstractDeserializer& d, Type& type, bool& outOfMemory);
+  void setKind(Type type, bool outOfMemory) {
+    meType = type;
+    mbOutOfMemory = outOfMemory;
+  }
 
 private:
   friend class cSTDExceptions;

@@ -27,9 +27,14 @@ void cBugException::store(qsa::cAbstractSerializer& s) const {
 
 void cBugException::load(qsa::cAbstractDeserializer& d) {
   qsa::cPositionGuard guard(d);
-  cAbstractException::load(d);
-  mMessage << d;
+  Type type;
+  bool outOfMemory;
+  loadKind(d, type, outOfMemory);
+  qucs::cLIMessage message;
+  message << d;
   guard.commit();
+  setKind(type, outOfMemory);
+  mMessage.swap(message);
 }
 
 }  // namespace qstd

@@ -22,9 +22,14 @@ void cRuntimeException::store(qsa::cAbstractSerializer& s) const {
 
 void cRuntimeException::load(qsa::cAbstractDeserializer& d) {
   qsa::cPositionGuard guard(d);
-  cAbstractException::load(d);
-  mMessage << d;
+  Type type;
+  bool outOfMemory;
+  loadKind(d, type, outOfMemory);
+  qucs::cLIMessage message;
+  message << d;
   guard.commit();
+  setKind(type, outOfMemory);
+  mMessage.swap(message);
 }
 
 }  // namespace qstd
