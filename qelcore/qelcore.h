@@ -96,6 +96,7 @@
 #include "qelcore/sa/pitypes.h"
 
 // rmi: signals and slots
+#include "qelcore/rmi/cabstractboundcall.h"
 #include "qelcore/rmi/cabstractrmifactory.h"
 #include "qelcore/rmi/cabstractsignal.h"
 #include "qelcore/rmi/cabstractslotcall.h"
@@ -138,6 +139,38 @@
 #include "qelcore/pi/cwqdebug.h"
 #include "qelcore/pi/schedule.h"
 #include "qelcore/pi/tfdinfo.h"
+#include "qelcore/std/ctimer.h"
 #include "qelcore/std/tparentwatch.h"
+
+// qp: runnables, lockers and process data
+#include "qelcore/qp/cabstractpollable.h"
+#include "qelcore/qp/cabstractprocess.h"
+#include "qelcore/qp/cabstractprocessdata.h"
+#include "qelcore/qp/cabstractrunnable.h"
+#include "qelcore/qp/cbasicprocessdata.h"
+#include "qelcore/qp/clocker.h"
+#include "qelcore/qp/cqpexceptions.h"
+#include "qelcore/qp/csynchronizable.h"
+
+// io: files and file systems
+#include "qelcore/io/cabstractdirimpl.h"
+#include "qelcore/io/cabstractfileimpl.h"
+#include "qelcore/io/cabstractfsimpl.h"
+#include "qelcore/io/cabstractiodevice.h"
+#include "qelcore/io/cabstractwatchimpl.h"
+#include "qelcore/io/cdir.h"
+#include "qelcore/io/cdiriterator.h"
+#include "qelcore/io/cfile.h"
+#include "qelcore/io/cfileattributes.h"
+#include "qelcore/io/cfileinfo.h"
+#include "qelcore/io/cfilewatch.h"
+#include "qelcore/io/cfs.h"
+#include "qelcore/io/cioexception.h"
+#include "qelcore/io/cioexceptionfactory.h"
+#include "qelcore/io/cioexceptions.h"
+#include "qelcore/io/cmemoryfs.h"
+#include "qelcore/io/cpath.h"
+#include "qelcore/io/cproxyfs.h"
+#include "qelcore/io/csearchpaths.h"
 
 #endif
