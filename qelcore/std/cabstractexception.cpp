@@ -217,6 +217,25 @@ void cAbstractException::load(qsa::cAbstractDeserializer& d) {
   setKind(type, outOfMemory);
 }
 
+void cAbstractException::storeWithMessage(qsa::cAbstractSerializer& s, const qucs::cLIMessage& message) const {
+  qsa::cPositionGuard guard(s);
+  cAbstractException::store(s);
+  message >> s;
+  guard.commit();
+}
+
+void cAbstractException::loadWithMessage(qsa::cAbstractDeserializer& d, qucs::cLIMessage& message) {
+  qsa::cPositionGuard guard(d);
+  Type type;
+  bool outOfMemory;
+  loadKind(d, type, outOfMemory);
+  qucs::cLIMessage loaded;
+  loaded << d;
+  guard.commit();
+  setKind(type, outOfMemory);
+  message.swap(loaded);
+}
+
 void cAbstractException::storeRecursive(qsa::cAbstractSerializer& s) const {
   QEL_TRACE("cAbstractException::storeRecursive");
   qsa::cPositionGuard guard(s);

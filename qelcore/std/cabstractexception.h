@@ -117,6 +117,11 @@ protected:
     meType = type;
     mbOutOfMemory = outOfMemory;
   }
+  // For classes that store a message after the base's part: both in one
+  // go, and back; a failed load changes neither the exception nor `message`
+  // and leaves the reader where it was.
+  void storeWithMessage(qsa::cAbstractSerializer& s, const qucs::cLIMessage& message) const;
+  void loadWithMessage(qsa::cAbstractDeserializer& d, qucs::cLIMessage& message);
 
 private:
   friend class cSTDExceptions;

@@ -18,23 +18,8 @@ void cBugException::throwAssertionFailed(const char* expr, const char* file, uns
   cSTDExceptions::throwAssertionFailed(expr, file, line);
 }
 
-void cBugException::store(qsa::cAbstractSerializer& s) const {
-  qsa::cPositionGuard guard(s);
-  cAbstractException::store(s);
-  mMessage >> s;
-  guard.commit();
-}
+void cBugException::store(qsa::cAbstractSerializer& s) const { storeWithMessage(s, mMessage); }
 
-void cBugException::load(qsa::cAbstractDeserializer& d) {
-  qsa::cPositionGuard guard(d);
-  Type type;
-  bool outOfMemory;
-  loadKind(d, type, outOfMemory);
-  qucs::cLIMessage message;
-  message << d;
-  guard.commit();
-  setKind(type, outOfMemory);
-  mMessage.swap(message);
-}
+void cBugException::load(qsa::cAbstractDeserializer& d) { loadWithMessage(d, mMessage); }
 
 }  // namespace qstd

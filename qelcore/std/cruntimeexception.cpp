@@ -13,23 +13,8 @@ cRuntimeException::cRuntimeException(const qucs::cLIMessage& msg, const char* fi
 const qucs::cLIMessage* cRuntimeException::liMessage() const { return &mMessage; }
 void cRuntimeException::setMsg(const qucs::cLIMessage& msg) { mMessage = msg; }
 
-void cRuntimeException::store(qsa::cAbstractSerializer& s) const {
-  qsa::cPositionGuard guard(s);
-  cAbstractException::store(s);
-  mMessage >> s;
-  guard.commit();
-}
+void cRuntimeException::store(qsa::cAbstractSerializer& s) const { storeWithMessage(s, mMessage); }
 
-void cRuntimeException::load(qsa::cAbstractDeserializer& d) {
-  qsa::cPositionGuard guard(d);
-  Type type;
-  bool outOfMemory;
-  loadKind(d, type, outOfMemory);
-  qucs::cLIMessage message;
-  message << d;
-  guard.commit();
-  setKind(type, outOfMemory);
-  mMessage.swap(message);
-}
+void cRuntimeException::load(qsa::cAbstractDeserializer& d) { loadWithMessage(d, mMessage); }
 
 }  // namespace qstd
