@@ -41,6 +41,8 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/rmi/cconnectable.h"
 #include "qelcore/rmi/cindirectlazyslotcalln.h"
+// Interfaces publish their slots with qrmi::registerPublicSlot.
+#include "qelcore/rmi/cindirectresolvingslotcalln.h"
 #include "qelcore/rmi/localsignaln.h"
 #include "qelcore/sa/pitypes.h"
 #include "qelcore/std/cstdexceptions.h"

@@ -11,13 +11,12 @@
 #ifndef QELCORE_QCS_CQUEUEDSLOTCALLN_H
 #define QELCORE_QCS_CQUEUEDSLOTCALLN_H
 
-#include <tuple>
 #include <type_traits>
-#include <utility>
 
 #include "qelcore/pi/cworkqueue.h"
 #include "qelcore/qcs/cforwardingslotcalln.h"
 #include "qelcore/rmi/cabstractboundcall.h"
+#include "qelcore/rmi/cdirectlocalslotcalln.h"
 #include "qelcore/std/tautoptr.h"
 
 namespace qcs {
@@ -58,19 +57,18 @@ private:
     }
     ~cCall() override { mpToken->release(); }
     void call() override {
-      if (mpToken->alive()) callWith(std::index_sequence_for<A...>());
+      if (!mpToken->alive()) return;
+      const tTarget* target = mpTarget;
+      mArgs.apply([target](auto&... args) {
+        R result = R();
+        target->invoke(result, args...);
+      });
     }
 
   private:
-    template <std::size_t... I>
-    void callWith(std::index_sequence<I...>) {
-      R result = R();
-      mpTarget->invoke(result, std::get<I>(mArgs)...);
-    }
-
     qrmi::cSlotTargetToken* mpToken;
     const tTarget* mpTarget;
-    std::tuple<std::decay_t<A>...> mArgs;
+    qrmi::detail::tBoundArgs<std::decay_t<A>...> mArgs;
   };
 
   qpi::cWorkQueue* mpQueue;
