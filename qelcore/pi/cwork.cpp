@@ -3,6 +3,7 @@
 #include "qelcore/pi/cabstractaiodata.h"
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
@@ -27,13 +28,15 @@ cWork::cWork()
       mpActionError(nullptr),
       mStat(gDebugAllWorks),
       miAmuck(0),
-      mbDelegate(true) {
+      mbDelegate(true),
+      mpRuns(nullptr) {
   sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigDestroyed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
 }
 
 cWork::~cWork() {
+  detail::cLifeLink::cutAll(mpRuns);
   try {
     sigDestroyed(*this);
   } catch (...) {
@@ -109,12 +112,14 @@ void cWork::reparent(cWork* parent) { mParent.set(parent == this ? nullptr : par
 
 void cWork::action() {
   mStat.notifyTrigger();
+  const detail::cLifeLink alive(mpRuns);
   try {
     sigTrigger();
-    miAmuck = 0;
+    if (!alive.gone()) miAmuck = 0;
   } catch (const qstd::cAbstractException& e) {
-    if (!handleActionError(e, false)) throw;
+    if (alive.gone() || !handleActionError(e, false)) throw;
   } catch (...) {
+    if (alive.gone()) throw;
     qstd::cRuntimeException e(qucs::cLIMessage("$QTR$Error performing work %name%!") << mName, __FILE__, __LINE__);
     if (!handleActionError(e, false)) throw;
   }

@@ -39,6 +39,9 @@ namespace qpi {
 
 class cAbstractAIOData;
 class cWorkQueue;
+namespace detail {
+class cLifeLink;
+}
 
 class QEL_EXPORT cWork {
 public:
@@ -107,7 +110,10 @@ public:
   cAbstractAIOData& aioData();
   const cAbstractAIOData& aioData() const;
 
-  // Runs the work: emits sigTrigger and delegates what escapes.
+  // Runs the work: emits sigTrigger and delegates what escapes. A slot may
+  // destroy the work (a one-shot work that deletes itself, an owner that
+  // drops it): action() touches nothing of it afterwards, and an exception
+  // that escapes such a slot goes to the caller undelegated.
   virtual void action();
 
 private:
@@ -134,6 +140,8 @@ private:
   unsigned int miAmuck;
   qstd::tParentWatch<cWork> mParent;
   bool mbDelegate;
+  // Actions and passes running on this work now; cut by the destructor.
+  detail::cLifeLink* mpRuns;
 };
 
 }  // namespace qpi

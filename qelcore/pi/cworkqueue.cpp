@@ -7,6 +7,7 @@
 #include "qelcore/pi/cabstractaiodata.h"
 #include "qelcore/pi/clocaleventloop.h"
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/pi/platform/cnativetimeimpl.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/ctime.h"
@@ -63,6 +64,23 @@ private:
   unsigned int& miCounter;
 };
 
+// One level of nested passes, entered for the lifetime of the guard (also on
+// exceptions); a queue that died meanwhile is left alone.
+class cPassLevel {
+public:
+  cPassLevel(unsigned int& level, detail::cLifeLink*& passes) : mAlive(passes), miLevel(level) { ++miLevel; }
+  ~cPassLevel() {
+    if (!mAlive.gone()) --miLevel;
+  }
+  cPassLevel(const cPassLevel&) = delete;
+  cPassLevel& operator=(const cPassLevel&) = delete;
+  bool gone() const { return mAlive.gone(); }
+
+private:
+  const detail::cLifeLink mAlive;
+  unsigned int& miLevel;
+};
+
 // "HH:MM:SS" of a point in time, local time.
 cAsciiString clockText(const qstd::cTime& t) {
   const long long seconds = static_cast<long long>(t.toSec());
@@ -91,9 +109,12 @@ cWorkQueue::cWorkQueue()
       miTimed(0),
       miAsync(0),
       mpLoops(nullptr),
-      mpInbox(new cInbox) {}
+      mpInbox(new cInbox),
+      mpPasses(nullptr) {}
 
 cWorkQueue::~cWorkQueue() {
+  // Passes further up the stack return without touching the queue again.
+  detail::cLifeLink::cutAll(mpPasses);
   // No more calls into this queue: neither from its works nor its processor.
   qrmi::cConnectable::clear();
   for (cLocalEventLoop* loop = mpLoops; loop; loop = loop->mpNext) loop->mpQueue = nullptr;
@@ -175,8 +196,11 @@ void cWorkQueue::checkEvents() const {
 
 unsigned int cWorkQueue::processEvents(bool doProcess) {
   checkEvents();
+  const detail::cLifeLink alive(mpPasses);
   unsigned int wait = 0;
   bool yieldNeeded = updateTimer(doProcess, &wait);
+  // An action may have destroyed the queue or dropped its processor.
+  if (alive.gone() || !mpEvents) return 0;
   if (mpEvents->isAsynchronous()) yieldNeeded = true;
   if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
   return miTimed + miAsync;
@@ -184,19 +208,22 @@ unsigned int cWorkQueue::processEvents(bool doProcess) {
 
 bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
   mbRescan = true;
-  cRaise level(miLevel);
+  const cPassLevel level(miLevel, mpPasses);
   if (mpInbox->pending()) drainInbox();
   unsigned int lastWait = 0;
   bool executedAny = false;
   bool firstRound = true;
-  while (mbRescan) {
+  // An action may have dropped the processor: then there is nothing to
+  // rescan for.
+  while (mbRescan && mpEvents) {
     mbRescan = false;
     unsigned int executed = 0;
     lastWait = internProcess(doProcess && firstRound, executed);
+    if (level.gone()) return false;
     firstRound = false;
     if (executed) executedAny = true;
   }
-  if (executedAny && !mpEvents->isAsynchronous()) lastWait = 0;
+  if (executedAny && !(mpEvents && mpEvents->isAsynchronous())) lastWait = 0;
   if (wait) *wait = lastWait;
   return miAsync != 0 || (miTimed != 0 && lastWait != 0);
 }
@@ -211,6 +238,9 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
   bool first = true;
   executed = 0;
   const bool aio = mpEvents->supportsAIO();
+  // Actions (and receivers of a work's sigChanged) may destroy the queue or
+  // the work at hand; every call out is followed by a look at these marks.
+  const detail::cLifeLink queueAlive(mpPasses);
 
   for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
     cWork* w = it->get();
@@ -220,6 +250,9 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
       continue;
     }
     if (!w->mbStarted) continue;
+    // Keeps a shared work alive until its entry is done with.
+    const tSharedObject<cWork> running(*it);
+    const detail::cLifeLink workAlive(w->mpRuns);
     unsigned int wait = msUntil(w->mPlanned, now);
     bool due = wait == 0;
     if (w->meType == cWork::AsyncIO) {
@@ -228,6 +261,11 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
       } else {
         // Without I/O support the work is polled at its interval.
         w->internRestart(w->miInterval, true, false);
+        if (queueAlive.gone()) return 0;
+        if (workAlive.gone()) {
+          removed = true;
+          continue;
+        }
         due = true;
       }
     }
@@ -243,24 +281,39 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
       } else if (w->meType == cWork::Periodic) {
         w->markDone();
         w->internRestart(false);
-        wait = msUntil(w->mPlanned, now);
+        if (queueAlive.gone()) return 0;
+        if (!workAlive.gone()) wait = msUntil(w->mPlanned, now);
       }
-      if (w->isAmuck()) {
-        w->stop();
-        cPIExceptions::throwAmuckWork(w->name(), __FILE__, __LINE__);
+      if (!workAlive.gone()) {
+        if (w->isAmuck()) {
+          w->stop();
+          cPIExceptions::throwAmuckWork(w->name(), __FILE__, __LINE__);
+        }
+        // The outer current work may die in this action too (from a nested
+        // loop); then there is none to go back to.
+        cWork* const previous = mpCurrent;
+        detail::cLifeLink* noRuns = nullptr;
+        const detail::cLifeLink previousAlive(previous ? previous->mpRuns : noRuns);
+        mpCurrent = w;
+        try {
+          w->action();
+        } catch (...) {
+          if (!queueAlive.gone()) mpCurrent = previousAlive.gone() ? nullptr : previous;
+          throw;
+        }
+        if (queueAlive.gone()) return 0;
+        mpCurrent = previousAlive.gone() ? nullptr : previous;
+        ++executed;
       }
-      // The action may remove the work; this handle keeps it alive till here.
-      const tSharedObject<cWork> running(*it);
-      cWork* const previous = mpCurrent;
-      mpCurrent = w;
-      try {
-        w->action();
-      } catch (...) {
-        mpCurrent = previous;
-        throw;
+      if (workAlive.gone()) {
+        // Died on the way: its destruction took the entry out already.
+        if (timed)
+          --miTimed;
+        else
+          --miAsync;
+        removed = true;
+        continue;
       }
-      mpCurrent = previous;
-      ++executed;
       if (w->mpAIOData) w->mpAIOData->setEvent(false);
       if (!w->mbStarted && !w->isKeep()) {
         it.eraseLater();
@@ -319,8 +372,10 @@ piVoid cWorkQueue::sltNotifyWorkChanged(cWork*) {
 
 piVoid cWorkQueue::sltNotifyPEFinished() {
   if (mpEvents && mpEvents->isAsynchronous()) {
+    const detail::cLifeLink alive(mpPasses);
     unsigned int wait = 0;
     updateTimer(true, &wait);
+    if (alive.gone()) return piVoid();
     if (mpEvents && mpEvents->isAsynchronous() && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
   }
   return piVoid();

@@ -35,6 +35,9 @@
 namespace qpi {
 
 class cLocalEventLoop;
+namespace detail {
+class cLifeLink;
+}
 
 class QEL_EXPORT cWorkQueue : public qrmi::cConnectable {
 public:
@@ -104,6 +107,8 @@ private:
   unsigned int miAsync;
   cLocalEventLoop* mpLoops;
   cInbox* mpInbox;
+  // The passes running on this queue now; cut by the destructor.
+  detail::cLifeLink* mpPasses;
 };
 
 }  // namespace qpi
