@@ -89,17 +89,16 @@ const cAbstractAIOData& cWork::aioData() const {
   return *mpAIOData;
 }
 
-void cWork::internRestart(bool) { restart(miInterval, meType); }
+void cWork::internRestart(bool) { restart(miInterval, meType, qstd::cTime()); }
 
 void cWork::internRestart(unsigned int interval, bool periodic, bool) {
-  restart(interval, periodic ? Periodic : SingleTask);
+  restart(interval, periodic ? Periodic : SingleTask, qstd::cTime());
 }
 
-void cWork::restart(unsigned int interval, Type type) {
+void cWork::restart(unsigned int interval, Type type, const qstd::cTime& now) {
   mStat.notifyStart();
   // A single task keeps no interval, but is still due `interval` from now.
   miInterval = type == SingleTask ? 0 : interval;
-  const qstd::cTime now;
   mScheduled = now;
   mPlanned = now + static_cast<long long>(interval) * 1000ll;
   mbStarted = true;

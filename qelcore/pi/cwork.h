@@ -122,7 +122,8 @@ private:
   void markDone() { mbStarted = false; }
   void internRestart(bool unused);
   void internRestart(unsigned int interval, bool periodic, bool unused);
-  void restart(unsigned int interval, Type type);
+  // `now` is the caller's reading of the clock (a pass reads it once).
+  void restart(unsigned int interval, Type type, const qstd::cTime& now);
   void reparent(cWork* parent);
   void setForceKeep(bool keep) { mbForceKeep = keep; }
   bool handleActionError(const qstd::cAbstractException& e, bool unused);

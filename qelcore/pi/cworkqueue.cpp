@@ -11,6 +11,7 @@
 #include "qelcore/pi/platform/cnativetimeimpl.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/ctime.h"
+#include "qelcore/std/detail/tpointermap.h"
 
 namespace qpi {
 
@@ -42,6 +43,11 @@ private:
   std::vector<cWork*> mvWorks;
   std::atomic<bool> mbPending{false};
 };
+
+// The live entry of each work: adding checks for the work and removing finds
+// its entry without walking the list, so that adding and removing many works
+// stays linear.
+class cWorkQueue::cJobIndex : public qstd::detail::tPointerMap<cWork, cWorkQueue::tJobs::iterator> {};
 
 namespace {
 
@@ -110,6 +116,7 @@ cWorkQueue::cWorkQueue()
       miAsync(0),
       mpLoops(nullptr),
       mpInbox(new cInbox),
+      mpIndex(new cJobIndex),
       mpPasses(nullptr) {}
 
 cWorkQueue::~cWorkQueue() {
@@ -121,6 +128,7 @@ cWorkQueue::~cWorkQueue() {
   delete mpInbox;
   ++miClearing;
   mJobs.clear();
+  delete mpIndex;
 }
 
 void cWorkQueue::setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events) {
@@ -136,42 +144,53 @@ tSharedObject<cWork> cWorkQueue::createJob() {
 }
 
 void cWorkQueue::addJob(tSharedObject<cWork> work) {
-  if (work.null() || mJobs.contains(work)) return;
+  if (work.null() || mpIndex->find(work.get())) return;
   appendJob(work);
+}
+
+void cWorkQueue::append(const tSharedObject<cWork>& work) {
+  cWork* w = work.get();
+  mpIndex->insert(w) = mJobs.append(work);
+}
+
+void cWorkQueue::dropEntry(tJobs::iterator entry) {
+  if (cWork* w = entry->get()) mpIndex->erase(w);
+  entry.eraseLater();
 }
 
 void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
   cWork* w = work.get();
   w->reparent(mpCurrent);
-  mJobs.append(work);
+  append(work);
   w->sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
   sltNotifyWorkChanged(w);
 }
 
 void cWorkQueue::addJob(cWork& work) {
-  tSharedObject<cWork> shared(work);
-  if (!mJobs.contains(shared)) {
+  if (!mpIndex->find(&work)) {
+    const tSharedObject<cWork> shared(work);
     work.sigDestroyed.connect(*this, &cWorkQueue::sltWorkDestroyed);
     work.sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
     work.setForceKeep(true);
     work.reparent(mpCurrent);
-    mJobs.append(shared);
+    append(shared);
   }
   sltNotifyWorkChanged(&work);
 }
 
 void cWorkQueue::removeJob(const cWork& work) {
   if (mpCurrent == &work) mpCurrent = nullptr;
-  for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
-    if (it->rawObject() == &work) {
-      it.eraseLater();
-      it->reset();
-    }
+  // A work has one live entry at most: adding never repeats it.
+  if (tJobs::iterator* entry = mpIndex->find(&work)) {
+    const tJobs::iterator it = *entry;
+    dropEntry(it);
+    it->reset();
   }
 }
 
 void cWorkQueue::clear() {
   cRaise clearing(miClearing);
+  mpIndex->clear();
   for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
     it.eraseLater();
     it->reset();
@@ -260,7 +279,7 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
         due = w->mpAIOData && w->mpAIOData->isEvent();
       } else {
         // Without I/O support the work is polled at its interval.
-        w->internRestart(w->miInterval, true, false);
+        w->restart(w->miInterval, cWork::Periodic, now);
         if (queueAlive.gone()) return 0;
         if (workAlive.gone()) {
           removed = true;
@@ -280,7 +299,8 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
         w->markDone();
       } else if (w->meType == cWork::Periodic) {
         w->markDone();
-        w->internRestart(false);
+        // From the pass's reading of the clock: one reading per pass.
+        w->restart(w->miInterval, w->meType, now);
         if (queueAlive.gone()) return 0;
         if (!workAlive.gone()) wait = msUntil(w->mPlanned, now);
       }
@@ -316,7 +336,7 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
       }
       if (w->mpAIOData) w->mpAIOData->setEvent(false);
       if (!w->mbStarted && !w->isKeep()) {
-        it.eraseLater();
+        dropEntry(it);
         if (timed)
           --miTimed;
         else
