@@ -3,6 +3,7 @@
 #include "qelcore/pi/cabstractaiodata.h"
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
@@ -27,13 +28,15 @@ cWork::cWork()
       mpActionError(nullptr),
       mStat(gDebugAllWorks),
       miAmuck(0),
-      mbDelegate(true) {
+      mbDelegate(true),
+      mpRuns(nullptr) {
   sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigDestroyed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
 }
 
 cWork::~cWork() {
+  detail::cLifeLink::cutAll(mpRuns);
   try {
     sigDestroyed(*this);
   } catch (...) {
@@ -86,17 +89,16 @@ const cAbstractAIOData& cWork::aioData() const {
   return *mpAIOData;
 }
 
-void cWork::internRestart(bool) { restart(miInterval, meType); }
+void cWork::internRestart(bool) { restart(miInterval, meType, qstd::cTime()); }
 
 void cWork::internRestart(unsigned int interval, bool periodic, bool) {
-  restart(interval, periodic ? Periodic : SingleTask);
+  restart(interval, periodic ? Periodic : SingleTask, qstd::cTime());
 }
 
-void cWork::restart(unsigned int interval, Type type) {
+void cWork::restart(unsigned int interval, Type type, const qstd::cTime& now) {
   mStat.notifyStart();
   // A single task keeps no interval, but is still due `interval` from now.
   miInterval = type == SingleTask ? 0 : interval;
-  const qstd::cTime now;
   mScheduled = now;
   mPlanned = now + static_cast<long long>(interval) * 1000ll;
   mbStarted = true;
@@ -109,12 +111,14 @@ void cWork::reparent(cWork* parent) { mParent.set(parent == this ? nullptr : par
 
 void cWork::action() {
   mStat.notifyTrigger();
+  const detail::cLifeLink alive(mpRuns);
   try {
     sigTrigger();
-    miAmuck = 0;
+    if (!alive.gone()) miAmuck = 0;
   } catch (const qstd::cAbstractException& e) {
-    if (!handleActionError(e, false)) throw;
+    if (alive.gone() || !handleActionError(e, false)) throw;
   } catch (...) {
+    if (alive.gone()) throw;
     qstd::cRuntimeException e(qucs::cLIMessage("$QTR$Error performing work %name%!") << mName, __FILE__, __LINE__);
     if (!handleActionError(e, false)) throw;
   }

@@ -39,6 +39,9 @@ namespace qpi {
 
 class cAbstractAIOData;
 class cWorkQueue;
+namespace detail {
+class cLifeLink;
+}
 
 class QEL_EXPORT cWork {
 public:
@@ -107,7 +110,10 @@ public:
   cAbstractAIOData& aioData();
   const cAbstractAIOData& aioData() const;
 
-  // Runs the work: emits sigTrigger and delegates what escapes.
+  // Runs the work: emits sigTrigger and delegates what escapes. A slot may
+  // destroy the work (a one-shot work that deletes itself, an owner that
+  // drops it): action() touches nothing of it afterwards, and an exception
+  // that escapes such a slot goes to the caller undelegated.
   virtual void action();
 
 private:
@@ -116,7 +122,8 @@ private:
   void markDone() { mbStarted = false; }
   void internRestart(bool unused);
   void internRestart(unsigned int interval, bool periodic, bool unused);
-  void restart(unsigned int interval, Type type);
+  // `now` is the caller's reading of the clock (a pass reads it once).
+  void restart(unsigned int interval, Type type, const qstd::cTime& now);
   void reparent(cWork* parent);
   void setForceKeep(bool keep) { mbForceKeep = keep; }
   bool handleActionError(const qstd::cAbstractException& e, bool unused);
@@ -134,6 +141,8 @@ private:
   unsigned int miAmuck;
   qstd::tParentWatch<cWork> mParent;
   bool mbDelegate;
+  // Actions and passes running on this work now; cut by the destructor.
+  detail::cLifeLink* mpRuns;
 };
 
 }  // namespace qpi

@@ -7,9 +7,11 @@
 #include "qelcore/pi/cabstractaiodata.h"
 #include "qelcore/pi/clocaleventloop.h"
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/pi/platform/cnativetimeimpl.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/ctime.h"
+#include "qelcore/std/detail/tpointermap.h"
 
 namespace qpi {
 
@@ -42,6 +44,11 @@ private:
   std::atomic<bool> mbPending{false};
 };
 
+// The live entry of each work: adding checks for the work and removing finds
+// its entry without walking the list, so that adding and removing many works
+// stays linear.
+class cWorkQueue::cJobIndex : public qstd::detail::tPointerMap<cWork, cWorkQueue::tJobs::iterator> {};
+
 namespace {
 
 // Whole milliseconds from `now` until `planned`; 0 when it has passed. A
@@ -61,6 +68,23 @@ public:
 
 private:
   unsigned int& miCounter;
+};
+
+// One level of nested passes, entered for the lifetime of the guard (also on
+// exceptions); a queue that died meanwhile is left alone.
+class cPassLevel {
+public:
+  cPassLevel(unsigned int& level, detail::cLifeLink*& passes) : mAlive(passes), miLevel(level) { ++miLevel; }
+  ~cPassLevel() {
+    if (!mAlive.gone()) --miLevel;
+  }
+  cPassLevel(const cPassLevel&) = delete;
+  cPassLevel& operator=(const cPassLevel&) = delete;
+  bool gone() const { return mAlive.gone(); }
+
+private:
+  const detail::cLifeLink mAlive;
+  unsigned int& miLevel;
 };
 
 // "HH:MM:SS" of a point in time, local time.
@@ -91,15 +115,20 @@ cWorkQueue::cWorkQueue()
       miTimed(0),
       miAsync(0),
       mpLoops(nullptr),
-      mpInbox(new cInbox) {}
+      mpInbox(new cInbox),
+      mpIndex(new cJobIndex),
+      mpPasses(nullptr) {}
 
 cWorkQueue::~cWorkQueue() {
+  // Passes further up the stack return without touching the queue again.
+  detail::cLifeLink::cutAll(mpPasses);
   // No more calls into this queue: neither from its works nor its processor.
   qrmi::cConnectable::clear();
   for (cLocalEventLoop* loop = mpLoops; loop; loop = loop->mpNext) loop->mpQueue = nullptr;
   delete mpInbox;
   ++miClearing;
   mJobs.clear();
+  delete mpIndex;
 }
 
 void cWorkQueue::setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events) {
@@ -115,42 +144,53 @@ tSharedObject<cWork> cWorkQueue::createJob() {
 }
 
 void cWorkQueue::addJob(tSharedObject<cWork> work) {
-  if (work.null() || mJobs.contains(work)) return;
+  if (work.null() || mpIndex->find(work.get())) return;
   appendJob(work);
+}
+
+void cWorkQueue::append(const tSharedObject<cWork>& work) {
+  cWork* w = work.get();
+  mpIndex->insert(w) = mJobs.append(work);
+}
+
+void cWorkQueue::dropEntry(tJobs::iterator entry) {
+  if (cWork* w = entry->get()) mpIndex->erase(w);
+  entry.eraseLater();
 }
 
 void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
   cWork* w = work.get();
   w->reparent(mpCurrent);
-  mJobs.append(work);
+  append(work);
   w->sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
   sltNotifyWorkChanged(w);
 }
 
 void cWorkQueue::addJob(cWork& work) {
-  tSharedObject<cWork> shared(work);
-  if (!mJobs.contains(shared)) {
+  if (!mpIndex->find(&work)) {
+    const tSharedObject<cWork> shared(work);
     work.sigDestroyed.connect(*this, &cWorkQueue::sltWorkDestroyed);
     work.sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
     work.setForceKeep(true);
     work.reparent(mpCurrent);
-    mJobs.append(shared);
+    append(shared);
   }
   sltNotifyWorkChanged(&work);
 }
 
 void cWorkQueue::removeJob(const cWork& work) {
   if (mpCurrent == &work) mpCurrent = nullptr;
-  for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
-    if (it->rawObject() == &work) {
-      it.eraseLater();
-      it->reset();
-    }
+  // A work has one live entry at most: adding never repeats it.
+  if (tJobs::iterator* entry = mpIndex->find(&work)) {
+    const tJobs::iterator it = *entry;
+    dropEntry(it);
+    it->reset();
   }
 }
 
 void cWorkQueue::clear() {
   cRaise clearing(miClearing);
+  mpIndex->clear();
   for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
     it.eraseLater();
     it->reset();
@@ -175,8 +215,11 @@ void cWorkQueue::checkEvents() const {
 
 unsigned int cWorkQueue::processEvents(bool doProcess) {
   checkEvents();
+  const detail::cLifeLink alive(mpPasses);
   unsigned int wait = 0;
   bool yieldNeeded = updateTimer(doProcess, &wait);
+  // An action may have destroyed the queue or dropped its processor.
+  if (alive.gone() || !mpEvents) return 0;
   if (mpEvents->isAsynchronous()) yieldNeeded = true;
   if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
   return miTimed + miAsync;
@@ -184,19 +227,22 @@ unsigned int cWorkQueue::processEvents(bool doProcess) {
 
 bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
   mbRescan = true;
-  cRaise level(miLevel);
+  const cPassLevel level(miLevel, mpPasses);
   if (mpInbox->pending()) drainInbox();
   unsigned int lastWait = 0;
   bool executedAny = false;
   bool firstRound = true;
-  while (mbRescan) {
+  // An action may have dropped the processor: then there is nothing to
+  // rescan for.
+  while (mbRescan && mpEvents) {
     mbRescan = false;
     unsigned int executed = 0;
     lastWait = internProcess(doProcess && firstRound, executed);
+    if (level.gone()) return false;
     firstRound = false;
     if (executed) executedAny = true;
   }
-  if (executedAny && !mpEvents->isAsynchronous()) lastWait = 0;
+  if (executedAny && !(mpEvents && mpEvents->isAsynchronous())) lastWait = 0;
   if (wait) *wait = lastWait;
   return miAsync != 0 || (miTimed != 0 && lastWait != 0);
 }
@@ -211,6 +257,9 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
   bool first = true;
   executed = 0;
   const bool aio = mpEvents->supportsAIO();
+  // Actions (and receivers of a work's sigChanged) may destroy the queue or
+  // the work at hand; every call out is followed by a look at these marks.
+  const detail::cLifeLink queueAlive(mpPasses);
 
   for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
     cWork* w = it->get();
@@ -220,6 +269,9 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
       continue;
     }
     if (!w->mbStarted) continue;
+    // Keeps a shared work alive until its entry is done with.
+    const tSharedObject<cWork> running(*it);
+    const detail::cLifeLink workAlive(w->mpRuns);
     unsigned int wait = msUntil(w->mPlanned, now);
     bool due = wait == 0;
     if (w->meType == cWork::AsyncIO) {
@@ -227,7 +279,12 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
         due = w->mpAIOData && w->mpAIOData->isEvent();
       } else {
         // Without I/O support the work is polled at its interval.
-        w->internRestart(w->miInterval, true, false);
+        w->restart(w->miInterval, cWork::Periodic, now);
+        if (queueAlive.gone()) return 0;
+        if (workAlive.gone()) {
+          removed = true;
+          continue;
+        }
         due = true;
       }
     }
@@ -242,28 +299,44 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
         w->markDone();
       } else if (w->meType == cWork::Periodic) {
         w->markDone();
-        w->internRestart(false);
-        wait = msUntil(w->mPlanned, now);
+        // From the pass's reading of the clock: one reading per pass.
+        w->restart(w->miInterval, w->meType, now);
+        if (queueAlive.gone()) return 0;
+        if (!workAlive.gone()) wait = msUntil(w->mPlanned, now);
       }
-      if (w->isAmuck()) {
-        w->stop();
-        cPIExceptions::throwAmuckWork(w->name(), __FILE__, __LINE__);
+      if (!workAlive.gone()) {
+        if (w->isAmuck()) {
+          w->stop();
+          cPIExceptions::throwAmuckWork(w->name(), __FILE__, __LINE__);
+        }
+        // The outer current work may die in this action too (from a nested
+        // loop); then there is none to go back to.
+        cWork* const previous = mpCurrent;
+        detail::cLifeLink* noRuns = nullptr;
+        const detail::cLifeLink previousAlive(previous ? previous->mpRuns : noRuns);
+        mpCurrent = w;
+        try {
+          w->action();
+        } catch (...) {
+          if (!queueAlive.gone()) mpCurrent = previousAlive.gone() ? nullptr : previous;
+          throw;
+        }
+        if (queueAlive.gone()) return 0;
+        mpCurrent = previousAlive.gone() ? nullptr : previous;
+        ++executed;
       }
-      // The action may remove the work; this handle keeps it alive till here.
-      const tSharedObject<cWork> running(*it);
-      cWork* const previous = mpCurrent;
-      mpCurrent = w;
-      try {
-        w->action();
-      } catch (...) {
-        mpCurrent = previous;
-        throw;
+      if (workAlive.gone()) {
+        // Died on the way: its destruction took the entry out already.
+        if (timed)
+          --miTimed;
+        else
+          --miAsync;
+        removed = true;
+        continue;
       }
-      mpCurrent = previous;
-      ++executed;
       if (w->mpAIOData) w->mpAIOData->setEvent(false);
       if (!w->mbStarted && !w->isKeep()) {
-        it.eraseLater();
+        dropEntry(it);
         if (timed)
           --miTimed;
         else
@@ -319,8 +392,10 @@ piVoid cWorkQueue::sltNotifyWorkChanged(cWork*) {
 
 piVoid cWorkQueue::sltNotifyPEFinished() {
   if (mpEvents && mpEvents->isAsynchronous()) {
+    const detail::cLifeLink alive(mpPasses);
     unsigned int wait = 0;
     updateTimer(true, &wait);
+    if (alive.gone()) return piVoid();
     if (mpEvents && mpEvents->isAsynchronous() && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
   }
   return piVoid();

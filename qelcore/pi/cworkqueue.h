@@ -35,6 +35,9 @@
 namespace qpi {
 
 class cLocalEventLoop;
+namespace detail {
+class cLifeLink;
+}
 
 class QEL_EXPORT cWorkQueue : public qrmi::cConnectable {
 public:
@@ -67,6 +70,8 @@ public:
   // Depth of the passes running now (1 inside an action, 2 inside a nested
   // loop's action, ...).
   unsigned int level() const { return miLevel; }
+  // The list itself; change it through the functions above, which keep the
+  // queue's index of its works.
   tJobs& jobs() { return mJobs; }
   const tJobs& jobs() const { return mJobs; }
   // Writes the queue's status to the debug output.
@@ -81,12 +86,15 @@ public:
 private:
   friend class cLocalEventLoop;
   class cInbox;
+  class cJobIndex;
 
   unsigned int processEvents(bool doProcess);
   bool updateTimer(bool doProcess, unsigned int* wait);
   unsigned int internProcess(bool doProcess, unsigned int& executed);
   void checkEvents() const;
   void appendJob(const qstd::tSharedObject<cWork>& work);
+  void append(const qstd::tSharedObject<cWork>& work);
+  void dropEntry(tJobs::iterator entry);
   void drainInbox();
 
   qsa::piVoid sltNotifyWorkChanged(cWork* work);
@@ -104,6 +112,10 @@ private:
   unsigned int miAsync;
   cLocalEventLoop* mpLoops;
   cInbox* mpInbox;
+  // The live entry of each work.
+  cJobIndex* mpIndex;
+  // The passes running on this queue now; cut by the destructor.
+  detail::cLifeLink* mpPasses;
 };
 
 }  // namespace qpi

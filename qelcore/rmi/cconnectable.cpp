@@ -10,38 +10,117 @@
 #include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
+#include "qelcore/std/detail/tpointermap.h"
 
 namespace qrmi {
 
 using qstd::cAsciiString;
 
-cConnectable::cConnectable() : mpSlots(nullptr), mpSignals(nullptr), mbDetaching(false), miIndex(0) {}
+// Where a receiver's entries of each signal are: the number of its entries
+// and the position of the last one. A receiver of many signals, such as a
+// work queue listening to thousands of works, finds the entry of a
+// connection that ends without walking its list.
+class cConnectable::cSignalIndex {
+public:
+  struct cEntries {
+    unsigned int miCount;
+    unsigned int miPos;
+  };
+  cEntries* find(const cAbstractSignal* signal) { return mMap.find(signal); }
+  void add(const cAbstractSignal* signal, unsigned int pos) {
+    cEntries& entries = mMap.insert(signal);
+    ++entries.miCount;
+    entries.miPos = pos;
+  }
+  void erase(const cAbstractSignal* signal) { mMap.erase(signal); }
+  // Indexes `list` anew; null entries are gaps.
+  void rebuild(const tSignalList& list) {
+    mMap.clear();
+    for (std::size_t i = 0; i < list.size(); ++i)
+      if (list[i]) add(list[i], static_cast<unsigned int>(i));
+  }
+
+private:
+  qstd::detail::tPointerMap<cAbstractSignal, cEntries> mMap;
+};
+
+namespace {
+
+// Receivers with fewer entries search their list; it is faster than hashing.
+const std::size_t kIndexFrom = 16;
+
+}  // namespace
+
+cConnectable::cConnectable()
+    : mpIndex(nullptr), miDetached(0), mpSlots(nullptr), mpSignals(nullptr), mbDetaching(false), miIndex(0) {}
 
 cConnectable::~cConnectable() {
   detachAllSignals();
   deletePublicRecords();
   delete mpSlots;
   delete mpSignals;
+  delete mpIndex;
 }
 
-void cConnectable::notifySignalAttached(cAbstractSignal& signal) { mAttachedSignals.push_back(&signal); }
+const cConnectable::tSignalList& cConnectable::attachedSignals() const {
+  if (miDetached) compactAttached();
+  return mAttachedSignals;
+}
+
+void cConnectable::compactAttached() const {
+  mAttachedSignals.erase(std::remove(mAttachedSignals.begin(), mAttachedSignals.end(), nullptr),
+                         mAttachedSignals.end());
+  miDetached = 0;
+  if (mpIndex) mpIndex->rebuild(mAttachedSignals);
+}
+
+void cConnectable::notifySignalAttached(cAbstractSignal& signal) {
+  mAttachedSignals.push_back(&signal);
+  if (mpIndex) {
+    mpIndex->add(&signal, static_cast<unsigned int>(mAttachedSignals.size() - 1));
+  } else if (mAttachedSignals.size() >= kIndexFrom) {
+    mpIndex = new cSignalIndex;
+    mpIndex->rebuild(mAttachedSignals);
+  }
+}
 
 void cConnectable::notifySignalDetached(cAbstractSignal& signal) {
   if (mbDetaching) return;
-  mAttachedSignals.erase(std::remove(mAttachedSignals.begin(), mAttachedSignals.end(), &signal),
-                         mAttachedSignals.end());
+  if (!mpIndex) {
+    mAttachedSignals.erase(std::remove(mAttachedSignals.begin(), mAttachedSignals.end(), &signal),
+                           mAttachedSignals.end());
+    return;
+  }
+  cSignalIndex::cEntries* entry = mpIndex->find(&signal);
+  if (!entry) return;
+  if (entry->miCount == 1) {
+    mAttachedSignals[entry->miPos] = nullptr;
+  } else {
+    // Several connections through one signal: all entries go at once.
+    for (std::size_t i = 0; i < mAttachedSignals.size(); ++i)
+      if (mAttachedSignals[i] == &signal) mAttachedSignals[i] = nullptr;
+  }
+  miDetached += entry->miCount;
+  mpIndex->erase(&signal);
+  // Closing the gaps when they are half the list keeps this O(1) amortised.
+  if (miDetached * 2 > mAttachedSignals.size()) compactAttached();
 }
 
 void cConnectable::reAssign(cAbstractSignal& oldSignal, cAbstractSignal& newSignal) {
   std::replace(mAttachedSignals.begin(), mAttachedSignals.end(), &oldSignal, &newSignal);
+  if (mpIndex) mpIndex->rebuild(mAttachedSignals);
 }
 
 void cConnectable::detachAllSignals() {
   // The slot calls destroyed here report back; ignoring those reports keeps
   // the list stable while it is walked.
   mbDetaching = true;
-  for (std::size_t i = 0; i < mAttachedSignals.size(); ++i) mAttachedSignals[i]->disconnectObject(*this);
+  for (std::size_t i = 0; i < mAttachedSignals.size(); ++i)
+    if (cAbstractSignal* signal = mAttachedSignals[i]) signal->disconnectObject(*this);
   mAttachedSignals.clear();
+  miDetached = 0;
+  delete mpIndex;
+  mpIndex = nullptr;
   mbDetaching = false;
 }
 

@@ -56,7 +56,7 @@ public:
   bool operator==(const cAbstractSlotCall* slot) const;
 
   // One entry per slot call created for a signal, in attachment order.
-  const tSignalList& attachedSignals() const { return mAttachedSignals; }
+  const tSignalList& attachedSignals() const;
 
   void setIndex(unsigned int index) { miIndex = index; }
   unsigned int index() const { return miIndex; }
@@ -111,8 +111,14 @@ private:
   void deletePublicRecords();
   // A published signal dies: its description leaves its owner's interface.
   static void signalDestroyed(cPublicSignal& record);
+  class cSignalIndex;
+  void compactAttached() const;
 
-  tSignalList mAttachedSignals;
+  // With many entries, detached ones are only nulled here and the index
+  // finds a signal's entries; compactAttached() closes the gaps.
+  mutable tSignalList mAttachedSignals;
+  mutable cSignalIndex* mpIndex;
+  mutable unsigned int miDetached;
   tPublicSlotList* mpSlots;
   tPublicSignalList* mpSignals;
   bool mbDetaching;

@@ -1,21 +1,22 @@
 #include "qelcore/std/ctimer.h"
 
+#include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/pi/schedule.h"
 
 namespace qstd {
 
-cTimer::cTimer() : mbElapsed(false) {
+cTimer::cTimer() : mbElapsed(false), mpRuns(nullptr) {
   sigElapsed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   mWork.sigTrigger.connect(*this, &cTimer::sltPoll);
   mWork.setName("qstd::cTimer");
 }
 
-cTimer::cTimer(unsigned int interval) : mbElapsed(false) {
+cTimer::cTimer(unsigned int interval) : mbElapsed(false), mpRuns(nullptr) {
   sigElapsed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   setInterval(interval);
 }
 
-cTimer::~cTimer() {}
+cTimer::~cTimer() { qpi::detail::cLifeLink::cutAll(mpRuns); }
 
 void cTimer::startWork(unsigned int ms, qpi::cWork::Type type) {
   mbElapsed = false;
@@ -34,7 +35,9 @@ void cTimer::reset() {
 
 qsa::piVoid cTimer::sltPoll() {
   mbElapsed = true;
+  const qpi::detail::cLifeLink alive(mpRuns);
   sigElapsed();
+  if (alive.gone()) return qsa::piVoid();
   if (mWork.type() == qpi::cWork::Periodic) mbElapsed = false;
   return qsa::piVoid();
 }

@@ -29,6 +29,12 @@
 #include "qelcore/rmi/localsignaln.h"
 #include "qelcore/sa/pitypes.h"
 
+namespace qpi {
+namespace detail {
+class cLifeLink;
+}
+}  // namespace qpi
+
 namespace qstd {
 
 class QEL_EXPORT cTimer : public qrmi::cConnectable {
@@ -57,6 +63,8 @@ private:
 
   bool mbElapsed;
   qpi::cWork mWork;
+  // Running sltPoll calls; a receiver of sigElapsed may destroy the timer.
+  qpi::detail::cLifeLink* mpRuns;
 };
 
 }  // namespace qstd

@@ -169,6 +169,28 @@ TEST(WorkQueueMembers, QueueAndWorksDieInEitherOrder) {
   cWork unqueued;  // a work that never belonged to a queue comes and goes quietly
 }
 
+TEST(WorkQueueMembers, RemovedWorksCanComeBackOnce) {
+  cTestQueue q;
+  cJob job;
+  cWork byRef;
+  byRef.sigTrigger.connect(job, &cJob::sltRun);
+  tSharedObject<cWork> shared = makeJob(q, job, "shared");
+  q.addJob(byRef);
+  q.removeJob(byRef);
+  q.removeJob(byRef);  // no longer there: nothing happens
+  q.removeJob(*shared);
+  q.addJob(byRef);
+  q.addJob(byRef);
+  q.addJob(shared);
+  q.addJob(shared);
+  EXPECT_EQ(q.jobs().size(), 2u);
+  byRef.start(0, cWork::SingleTask);
+  shared->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(job.calls, 2);
+  EXPECT_EQ(q.jobs().size(), 1u) << "the shared single task left, the work added by reference stays";
+}
+
 TEST(WorkQueueMembers, ClearAndANullProcessorDropEverything) {
   cTestQueue q;
   cJob job;

@@ -81,6 +81,35 @@ TEST(Timer, TheIntervalConstructorStartsAWorkThatReachesNoSlot) {
   EXPECT_FALSE(t.isElapsed());
 }
 
+TEST(Timer, MayBeDestroyedByItsOwnListeners) {
+  // One-shot and periodic timers dropped by their owner when they fire.
+  for (qpi::cWork::Type type : {qpi::cWork::SingleTask, qpi::cWork::Periodic}) {
+    cTimer* t = new cTimer;
+    cListener l(*t);
+    bool gone = false;
+    struct cDropper : qrmi::cConnectable {
+      cTimer** timer;
+      bool* gone;
+      qsa::piVoid sltDrop() {
+        delete *timer;
+        *timer = nullptr;
+        *gone = true;
+        return qsa::piVoid();
+      }
+    } drop;
+    drop.timer = &t;
+    drop.gone = &gone;
+    t->sigElapsed.connect(drop, &cDropper::sltDrop);
+    if (type == qpi::cWork::Periodic)
+      t->setInterval(1);
+    else
+      t->setSingleShot(1);
+    runUntil([&] { return gone; });
+    EXPECT_TRUE(gone);
+    qpi::system().exec();  // the queue no longer knows the timer's work
+  }
+}
+
 TEST(Timer, OutlivesTheSystem) {
   cTimer t;
   t.setInterval(50);
