@@ -13,6 +13,7 @@
 #include "qelcore/std/cabstractexceptionfactory.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/ccallsite.h"
+#include "qelcore/std/ccpufeatures.h"
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
