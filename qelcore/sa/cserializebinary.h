@@ -46,10 +46,11 @@ public:
     const unsigned int n = value.size();
     if (n > 0xFFFFFFFFu - 8) throwStringTooLong(n);
     // One reservation for the whole element: nothing can fail after it.
-    char* p = reserveFast(8 + n);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 8 + n);
     binarybytes::putTagged32(p, idAsciiString, n);
     binarybytes::copyBytes(p + 8, value.c_str(), n);
-    miPos += 8 + n;
+    miPos = pos + 8 + n;
   }
   // The fixed-width values are written inline; the format is fixed, so a
   // derived archive cannot change them.
@@ -102,32 +103,44 @@ private:
 
   // Makes room for n bytes at the write position; returns where they go.
   char* reserve(unsigned long long n);
-  char* reserveFast(unsigned int n) {
-    const unsigned int end = miPos + n;
-    if (end >= miPos && end <= mrData.size()) return mrData.begin() + miPos;
+  // Room for n bytes at `pos`, the write position. Inline for the two
+  // common cases: overwriting inside the written bytes, and appending while
+  // the array's pool has room (the pool grows geometrically in reserve(), so
+  // that is nearly always). Everything else goes out of line. The callers
+  // pass the position in and write it back themselves, which keeps it in a
+  // register while the array's size is updated.
+  char* reserveFast(unsigned int pos, unsigned int n) {
+    const unsigned int end = pos + n;
+    const unsigned int size = mrData.size();
+    if (end <= size && end >= pos) return mrData.begin() + pos;
+    if (pos == size && mrData.appendWithinPool(n)) return mrData.begin() + pos;
     return reserve(n);
   }
   void putFixed(unsigned int id, unsigned char v) {
-    char* p = reserveFast(5);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 5);
     binarybytes::put32(p, id);
     p[4] = static_cast<char>(v);
-    miPos += 5;
+    miPos = pos + 5;
   }
   void putFixed(unsigned int id, unsigned short v) {
-    char* p = reserveFast(6);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 6);
     binarybytes::put32(p, id);
     binarybytes::put16(p + 4, v);
-    miPos += 6;
+    miPos = pos + 6;
   }
   void putFixed(unsigned int id, unsigned int v) {
-    char* p = reserveFast(8);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 8);
     binarybytes::putTagged32(p, id, v);
-    miPos += 8;
+    miPos = pos + 8;
   }
   void putFixed(unsigned int id, unsigned long long v) {
-    char* p = reserveFast(12);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 12);
     binarybytes::putTagged64(p, id, v);
-    miPos += 12;
+    miPos = pos + 12;
   }
   template <class T>
   void putValues(unsigned int id, const T* values, unsigned int count) {

@@ -254,6 +254,19 @@ public:
     }
     return at;
   }
+  // Grows by `n` elements of unspecified content when the pool already has
+  // room for them; otherwise changes nothing and returns false. Never
+  // allocates, so writers can check it inline and grow out of line.
+  bool appendWithinPool(unsigned int n) {
+    if (miPoolSize - miSize < n) {
+      return false;
+    }
+    miSize += n;
+    if (Traits::Terminated) {
+      mpPool[miSize] = T();
+    }
+    return true;
+  }
   unsigned int appendElements(unsigned int n, const T& fillValue) {
     const T value = fillValue;
     const unsigned int at = appendElements(n);
