@@ -140,4 +140,25 @@
 #include "qelcore/pi/tfdinfo.h"
 #include "qelcore/std/tparentwatch.h"
 
+// io: files and file systems
+#include "qelcore/io/cabstractdirimpl.h"
+#include "qelcore/io/cabstractfileimpl.h"
+#include "qelcore/io/cabstractfsimpl.h"
+#include "qelcore/io/cabstractiodevice.h"
+#include "qelcore/io/cabstractwatchimpl.h"
+#include "qelcore/io/cdir.h"
+#include "qelcore/io/cdiriterator.h"
+#include "qelcore/io/cfile.h"
+#include "qelcore/io/cfileattributes.h"
+#include "qelcore/io/cfileinfo.h"
+#include "qelcore/io/cfilewatch.h"
+#include "qelcore/io/cfs.h"
+#include "qelcore/io/cioexception.h"
+#include "qelcore/io/cioexceptionfactory.h"
+#include "qelcore/io/cioexceptions.h"
+#include "qelcore/io/cmemoryfs.h"
+#include "qelcore/io/cpath.h"
+#include "qelcore/io/cproxyfs.h"
+#include "qelcore/io/csearchpaths.h"
+
 #endif

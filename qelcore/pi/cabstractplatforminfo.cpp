@@ -1,5 +1,6 @@
 #include "qelcore/pi/cabstractplatforminfo.h"
 
+#include "qelcore/io/cfileinfo.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qpi {
@@ -7,28 +8,18 @@ namespace qpi {
 cAbstractPlatformInfo::~cAbstractPlatformInfo() {}
 
 void cAbstractPlatformInfo::osSpecificSOName(qucs::cString& name) const {
-  const unsigned int length = name.size();
+  // The directory part stays as written; the file name is completed.
   unsigned int fileStart = 0;
-  for (unsigned int i = 0; i < length; ++i)
+  for (unsigned int i = 0; i < name.size(); ++i)
     if (name[i] == '/' || name[i] == '\\') fileStart = i + 1;
-  unsigned int stemEnd = length;
-  for (unsigned int i = length; i > fileStart; --i)
-    if (name[i - 1] == '.') {
-      stemEnd = i - 1;
-      break;
-    }
-
-  const qstd::cAsciiString prefix = osSharedObjectFilePrefix();
-  qucs::cString result;
-  for (unsigned int i = 0; i < fileStart; ++i) result.append(name[i]);
-  bool hasPrefix = stemEnd - fileStart >= prefix.size();
-  for (unsigned int i = 0; hasPrefix && i < prefix.size(); ++i)
-    hasPrefix = name[fileStart + i] == static_cast<unsigned char>(prefix.c_str()[i]);
-  if (!hasPrefix) result.appendC(prefix.c_str());
-  for (unsigned int i = fileStart; i < stemEnd; ++i) result.append(name[i]);
-  result.appendC(osSharedObjectFileSuffix().c_str());
-  result.appendC(osSharedObjectFileExtension().c_str());
-  name = result;
+  qucs::cString file;
+  file.setData(name.data(true) + fileStart, name.size() - fileStart);
+  qio::cFileInfo info((qio::cPath(file)));
+  info.setFileNamePrefix(qucs::cString(osSharedObjectFilePrefix(), '?'));
+  info.setFileNameSuffix(qucs::cString(osSharedObjectFileSuffix(), '?'));
+  info.setFileNameExtension(qucs::cString(osSharedObjectFileExtension(), '?'));
+  name.truncate(fileStart);
+  name.addString(info.fileName());
 }
 
 }  // namespace qpi

@@ -26,11 +26,11 @@ public:
 
   // "Win32" or "POSIX".
   virtual qstd::cAsciiString platformName() const = 0;
-  // Turns a module's base name into the platform's file name for it: the
-  // last path component gets the library prefix (unless it already starts
-  // with it) and the suffix, and its extension (the text from its last dot
-  // on, if any) is replaced by the library extension. The directory part is
-  // kept as it is.
+  // Turns a module's base name into the platform's file name for it through
+  // the name setters of qio::cFileInfo: the last path component gets the
+  // library prefix and suffix (unless it has them already), and its
+  // extension (see qio::cPath::extension) is replaced by the library
+  // extension. The directory part is kept as it is.
   virtual void osSpecificSOName(qucs::cString& name) const;
   virtual qstd::cAsciiString osSharedObjectFileExtension() const = 0;
   virtual qstd::cAsciiString osSharedObjectFilePrefix() const = 0;

@@ -24,6 +24,10 @@
 namespace qucs {
 class cString;
 }
+namespace qio {
+class cAbstractFsImpl;
+class cFs;
+}  // namespace qio
 
 namespace qpi {
 
@@ -44,8 +48,9 @@ public:
   // The platform's event processor: sleeps through the whole wait of a pass
   // in one call and cannot be woken early. The system's main queue uses it.
   static qstd::tAutoPtr<cAbstractProcessEvents> createProcessEvents();
-  // The file system and class loader factories join here with the file
-  // system and module code.
+  // The native file system for `fs` (see qio::cFs).
+  static qstd::tAutoPtr<qio::cAbstractFsImpl> createFsImpl(qio::cFs& fs);
+  // The class loader factory joins here with the module code.
 
   // Sleeps one millisecond.
   static void yield();

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "qelcore/io/cfs.h"
+#include "qelcore/io/cproxyfs.h"
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/pi/cabstractprocessevents.h"
 #include "qelcore/pi/cpiexceptions.h"
@@ -16,6 +18,7 @@ namespace qpi {
 // Everything the system object refers to, in order of construction.
 struct cSystem::cRecord {
   cRecord() : pApp(nullptr) {
+    fs.mount(qio::cPath("/"), qio::cFs());
     queue.setEvents(cPlatform::createProcessEvents());
     qstd::cNumberConversionFormat::installSystemDefault(&numberFormat);
   }
@@ -33,6 +36,7 @@ struct cSystem::cRecord {
 
   qstd::cNumberConversionFormat numberFormat;
   qucs::cEnDecUTF8 utf8;
+  qio::cProxyFs fs;
   qucs::cLILocale locale;
   cWorkQueue queue;
   std::vector<cReleasable*> released;
@@ -48,7 +52,11 @@ cSystem* gSystem = nullptr;
 cSystem::cReleasable::~cReleasable() {}
 
 cSystem::cSystem(cRecord& record)
-    : mRecord(record), mDefaults{record.numberFormat, record.utf8}, mLocale(record.locale), mWorkQueue(record.queue) {}
+    : mRecord(record),
+      mDefaults{record.numberFormat, record.utf8},
+      mFs(record.fs),
+      mLocale(record.locale),
+      mWorkQueue(record.queue) {}
 
 cSystem::~cSystem() {}
 

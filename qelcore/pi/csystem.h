@@ -1,6 +1,6 @@
 // The process-wide system object: the main work queue, the default number
-// format and encoder, the locale, the debug output and the application
-// object, reached through qpi::system().
+// format and encoder, the file system, the locale, the debug output and the
+// application object, reached through qpi::system().
 //
 //   int main() {
 //     cMyApp app;
@@ -28,6 +28,9 @@ namespace qucs {
 class cAbstractEnDec;
 class cLILocale;
 }  // namespace qucs
+namespace qio {
+class cFs;
+}
 
 namespace qpi {
 
@@ -53,12 +56,14 @@ public:
   cSystem& operator=(const cSystem&) = delete;
 
   const cDefaults& defaults() const { return mDefaults; }
+  // The system's file system: a qio::cProxyFs with the native file system
+  // mounted at "/" (qio::cProxyFs::system() mounts more).
+  qio::cFs& fs() { return mFs; }
   qucs::cLILocale& locale() { return mLocale; }
   cWorkQueue& workQueue() { return mWorkQueue; }
   cAbstractOut& out();
-  // The file system (qio::cFs) and the core extension manager
-  // (qce::cCoreExtensionMgr) join the system's services here, as references
-  // into the system record like the locale and the queue.
+  // The core extension manager (qce::cCoreExtensionMgr) joins the system's
+  // services here, as a reference into the system record like the others.
 
   // The application object (not owned; null forgets it).
   void setApp(cAbstractQELApp* app);
@@ -101,6 +106,7 @@ private:
 
   cRecord& mRecord;
   cDefaults mDefaults;
+  qio::cFs& mFs;
   qucs::cLILocale& mLocale;
   cWorkQueue& mWorkQueue;
 };

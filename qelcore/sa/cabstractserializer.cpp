@@ -1,8 +1,7 @@
 #include "qelcore/sa/cabstractserializer.h"
 
-#include "qelcore/pi/platform/cnativefilewriterimpl.h"
-#include "qelcore/std/casciistring.h"
-#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/io/cfs.h"
+#include "qelcore/io/cpath.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qsa {
@@ -15,8 +14,7 @@ void cAbstractSerializer::store(unsigned short value) { store(static_cast<unsign
 
 void cAbstractSerializer::storeToFile(const qucs::cString& path) {
   qstd::tArrayRef<char> bytes = data();
-  const int error = qpi::cNativeFileWriterImpl::writeFile(path, bytes.size() ? bytes.data() : 0, bytes.size());
-  if (error != 0) qstd::cSTDExceptions::throwOSError(qstd::cAsciiString("storeToFile"), error, path);
+  qio::cFs::system().writeAll(qio::cPath(path), bytes.size() ? bytes.data() : nullptr, bytes.size());
 }
 
 }  // namespace qsa

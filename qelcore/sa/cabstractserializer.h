@@ -50,7 +50,8 @@ public:
   virtual cAbstractSerializer& newLabel(const qstd::cAsciiString& name) = 0;
   virtual qstd::tArrayRef<char> data() = 0;
   virtual void swapData(qstd::tArray<char>& other) = 0;
-  // Writes data() to the file, replacing it.
+  // Writes data() to the file through the system's file system, replacing
+  // it in one step (an atomic save: a failure leaves the old file intact).
   virtual void storeToFile(const qucs::cString& path);
 
   // A string literal would otherwise be stored as a bool.

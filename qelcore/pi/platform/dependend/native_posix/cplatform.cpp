@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/platform/dependend/native_posix/cposixfsimpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixmuteximpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixplatforminfo.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixprocessevents.h"
@@ -50,6 +51,10 @@ qstd::tAutoPtr<cAbstractPlatformInfo> cPlatform::createPlatformInfo() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cPosixProcessEvents);
+}
+
+qstd::tAutoPtr<qio::cAbstractFsImpl> cPlatform::createFsImpl(qio::cFs&) {
+  return qstd::tAutoPtr<qio::cAbstractFsImpl>(new cPosixFsImpl);
 }
 
 void cPlatform::yield() {

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/platform/dependend/native_win32/cwin32fsimpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32muteximpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32platforminfo.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32processevents.h"
@@ -42,6 +43,10 @@ qstd::tAutoPtr<cAbstractPlatformInfo> cPlatform::createPlatformInfo() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cWin32ProcessEvents);
+}
+
+qstd::tAutoPtr<qio::cAbstractFsImpl> cPlatform::createFsImpl(qio::cFs&) {
+  return qstd::tAutoPtr<qio::cAbstractFsImpl>(new cWin32FsImpl);
 }
 
 void cPlatform::yield() { ::Sleep(1); }

@@ -1,0 +1,7 @@
+#include "qelcore/io/cabstractdirimpl.h"
+
+namespace qio {
+
+cAbstractDirImpl::~cAbstractDirImpl() {}
+
+}  // namespace qio

@@ -1,0 +1,67 @@
+// A directory of a file system: list it, create it (with its parents),
+// remove it (with everything in it), copy or rename it.
+//
+//   qio::cDir cache(qio::cFs::system().tempDirectory() / "myapp-cache");
+//   cache.createAll();
+//   qstd::tVector<qio::cFileInfo> files;        // include "qelcore/std/tvector.h"
+//   cache.entries(files);
+//   for (const qio::cFileInfo& f : files) total += f.size();
+//   cache.removeAll();
+//
+// The listing functions fill their vector in name order (cPath's order);
+// cDirIterator walks entries without collecting them.
+#ifndef QELCORE_IO_CDIR_H
+#define QELCORE_IO_CDIR_H
+
+#include "qelcore/io/cfs.h"
+#include "qelcore/io/cpath.h"
+#include "qelcore/qelexport.h"
+
+namespace qstd {
+template <typename T>
+class tVector;
+}
+
+namespace qio {
+
+class cFileInfo;
+
+class QEL_EXPORT cDir {
+public:
+  // On the system's file system.
+  explicit cDir(const cPath& path);
+  cDir(const cFs& fs, const cPath& path);
+
+  const cPath& path() const { return mPath; }
+  const cFs& fs() const { return mFs; }
+  // An entry's path: path() / name.
+  cPath filePath(const cPath& name) const { return mPath / name; }
+
+  bool exists() const;
+  bool isEmpty() const;
+  // The entries with their attributes, in name order; `out` is replaced.
+  void entries(qstd::tVector<cFileInfo>& out) const;
+  void entryNames(qstd::tVector<qucs::cString>& out) const;
+
+  // This directory; its parent must exist.
+  void create() const;
+  // With the missing parents; false when it existed already.
+  bool createAll() const;
+  // An empty directory.
+  void remove() const;
+  // With everything in it; the number of entries removed.
+  unsigned long long removeAll() const;
+  // Everything in it into `target` (created as needed, merged into when it
+  // exists); existing files are replaced only with `replace`.
+  void copyTo(const cPath& target, bool replace = false) const;
+  // Moves the directory; this object follows it.
+  void rename(const cPath& to, bool replace = false);
+
+private:
+  cFs mFs;
+  cPath mPath;
+};
+
+}  // namespace qio
+
+#endif
