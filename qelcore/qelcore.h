@@ -94,6 +94,7 @@
 #include "qelcore/sa/cserializetotypestring.h"
 #include "qelcore/sa/ctypereference.h"
 #include "qelcore/sa/pitypes.h"
+#include "qelcore/sa/stdstrings.h"
 
 // rmi: signals and slots
 #include "qelcore/rmi/cabstractrmifactory.h"
@@ -102,7 +103,9 @@
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/ccallparametermissmatchexception.h"
 #include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cconnection.h"
 #include "qelcore/rmi/cdirectlocalslotcalln.h"
+#include "qelcore/rmi/cfunctorslotcalln.h"
 #include "qelcore/rmi/cindirectlazyslotcalln.h"
 #include "qelcore/rmi/cindirectresolvingslotcalln.h"
 #include "qelcore/rmi/cnosuchsignalexception.h"

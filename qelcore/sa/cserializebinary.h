@@ -42,16 +42,8 @@ public:
 
   void storeBlock(const char* pData, unsigned int iSize) override;
   void store(const qucs::cString& value) override;
-  void store(const qstd::cAsciiString& value) final {
-    const unsigned int n = value.size();
-    if (n > 0xFFFFFFFFu - 8) throwStringTooLong(n);
-    // One reservation for the whole element: nothing can fail after it.
-    const unsigned int pos = miPos;
-    char* p = reserveFast(pos, 8 + n);
-    binarybytes::putTagged32(p, idAsciiString, n);
-    binarybytes::copyBytes(p + 8, value.c_str(), n);
-    miPos = pos + 8 + n;
-  }
+  // One reservation for the whole element: nothing can fail after it.
+  void store(const qstd::cAsciiString& value) final { storeAsciiChars(value.c_str(), value.size()); }
   // The fixed-width values are written inline; the format is fixed, so a
   // derived archive cannot change them.
   void store(double value) final { putFixed(idDouble, binarybytes::doubleBits(value)); }
@@ -74,6 +66,17 @@ public:
   void storeValues(const long long* values, unsigned int count) { putValues(idInt64, values, count); }
   void storeValues(const unsigned long long* values, unsigned int count) { putValues(idUInt64, values, count); }
   void storeValues(const double* values, unsigned int count) { putValues(idDouble, values, count); }
+
+  // An ASCII string element from characters that are not in a cAsciiString
+  // (see stdstrings.h): the same bytes as store(const cAsciiString&).
+  void storeAsciiChars(const char* chars, unsigned int length) {
+    if (length > 0xFFFFFFFFu - 8) throwStringTooLong(length);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 8 + length);
+    binarybytes::putTagged32(p, idAsciiString, length);
+    if (length) binarybytes::copyBytes(p + 8, chars, length);
+    miPos = pos + 8 + length;
+  }
 
   // Back to the first element of the open context, or of the archive.
   void rewind() override;
@@ -207,6 +210,19 @@ inline cSerializeBinary& operator>>(unsigned long long v, cSerializeBinary& s) {
 }
 inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) {
   s.store(v);
+  return s;
+}
+// The other standard integer types by their width (see cabstractserializer.h).
+inline cSerializeBinary& operator>>(signed char v, cSerializeBinary& s) {
+  storeByWidth(v, s);
+  return s;
+}
+inline cSerializeBinary& operator>>(long v, cSerializeBinary& s) {
+  storeByWidth(v, s);
+  return s;
+}
+inline cSerializeBinary& operator>>(unsigned long v, cSerializeBinary& s) {
+  storeByWidth(v, s);
   return s;
 }
 inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) {
