@@ -43,6 +43,7 @@
 #include "qelcore/std/tautoptrref.h"
 #include "qelcore/std/tautoptrtype.h"
 #include "qelcore/std/tconstarrayref.h"
+#include "qelcore/std/tconstmemoryproxy.h"
 #include "qelcore/std/thash.h"
 #include "qelcore/std/tlist.h"
 #include "qelcore/std/tptrlist.h"
@@ -57,6 +58,7 @@
 #include "qelcore/ucs/clilocale.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/clitrtable.h"
+#include "qelcore/ucs/cstdstrings.h"
 #include "qelcore/ucs/cstring.h"
 #include "qelcore/ucs/cutf8stringtokenizer.h"
 

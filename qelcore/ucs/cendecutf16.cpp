@@ -225,7 +225,7 @@ bool unitsBigEndian(bool swapped) {
 // right order) and appends the characters. `more(i)` tells whether the loop
 // goes on at unit i, `has(i)` whether unit i exists as the second half of a pair.
 template <typename Unit, typename More, typename Has>
-void decodeUnits(Unit unit, More more, Has has, unsigned int start, cString& out) {
+void readUnits(Unit unit, More more, Has has, unsigned int start, cString& out) {
   for (unsigned int i = start; more(i);) {
     const std::uint32_t u = unit(i);
     if (isSurrogate(u)) {
@@ -256,6 +256,47 @@ void cEnDecUTF16::encode(const cString& text, qstd::tArray<char>& out) const {
   encodeInto(text, out, (miFlags & FlagByteOrderMark) != 0, (miFlags & FlagBigEndian) != 0);
 }
 
+unsigned int cEnDecUTF16::encode(const unsigned int* chars, unsigned int count, unsigned short* buffer,
+                                 unsigned int size) const {
+  QEL_ASSERT(chars != 0 || count == 0, "ucs/cendecutf16");
+  const bool mark = (miFlags & FlagByteOrderMark) != 0;
+  const bool bigEndian = unitsBigEndian((miFlags & FlagBigEndian) != 0);
+  unsigned long long total = mark ? 1 : 0;
+  std::uint32_t bad = 0;
+  for (unsigned int at = 0; at < count; at += ChunkChars) {
+    const unsigned int n = count - at < ChunkChars ? count - at : ChunkChars;
+    total += countUnits(chars + at, n, bad);
+  }
+  if (bad != 0) cUCSExceptions::throwUTF16Unmappable();
+  if (total > 0xFFFFFFFFull) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF16", "encode");
+  if (total > size || total == 0) return static_cast<unsigned int>(total);
+  // Written byte by byte in the order the units have in memory.
+  unsigned char* dst = reinterpret_cast<unsigned char*>(buffer);
+  if (mark) {
+    dst[bigEndian ? 0 : 1] = 0xFE;
+    dst[bigEndian ? 1 : 0] = 0xFF;
+    dst += 2;
+  }
+  if (bigEndian)
+    writeUnits<true>(chars, chars + count, dst);
+  else
+    writeUnits<false>(chars, chars + count, dst);
+  return static_cast<unsigned int>(total);
+}
+
+void cEnDecUTF16::decodeUnits(const unsigned short* units, unsigned int count, cString& out) const {
+  QEL_ASSERT(units != 0 || count == 0, "ucs/cendecutf16");
+  if (count > 0x7FFFFFFFu) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF16", "decodeUnits");
+  // The units' bytes, in the order they have in memory. Without a known
+  // order (or with a mark asked for) the mark decides, as in decodeCString:
+  // 0xFEFF in the machine's order reads as the machine's order.
+  const bool markDecides = (miFlags & FlagByteOrderMark) != 0 || (miFlags & (FlagLittleEndian | FlagBigEndian)) == 0;
+  const cEnDecUTF16 bytes(markDecides ? static_cast<unsigned int>(FlagByteOrderMark)
+                          : unitsBigEndian((miFlags & FlagBigEndian) != 0) ? static_cast<unsigned int>(FlagBigEndian)
+                                                                           : static_cast<unsigned int>(FlagLittleEndian));
+  bytes.decode(reinterpret_cast<const char*>(units), 2 * count, out);
+}
+
 void cEnDecUTF16::decode(const qstd::tConstArrayRef<char>& bytes, cString& out) const {
   const unsigned int n = bytes.size();
   if (n == 0) return;
@@ -284,10 +325,10 @@ void cEnDecUTF16::decode(const qstd::tConstArrayRef<char>& bytes, cString& out) 
   };
   auto has = [units](unsigned int i) { return i < units; };
   if (bigEndian) {
-    decodeUnits([src](unsigned int i) { return (std::uint32_t(src[2 * i]) << 8) | src[2 * i + 1]; }, more, has,
+    readUnits([src](unsigned int i) { return (std::uint32_t(src[2 * i]) << 8) | src[2 * i + 1]; }, more, has,
                 start / 2, out);
   } else {
-    decodeUnits([src](unsigned int i) { return std::uint32_t(src[2 * i]) | (std::uint32_t(src[2 * i + 1]) << 8); },
+    readUnits([src](unsigned int i) { return std::uint32_t(src[2 * i]) | (std::uint32_t(src[2 * i + 1]) << 8); },
                 more, has, start / 2, out);
   }
 }
@@ -314,9 +355,9 @@ void cEnDecUTF16::decodeCString(const unsigned short* units, cString& out) const
   }
   auto has = [units](unsigned int i) { return units[i] != 0; };
   if (swapped) {
-    decodeUnits([units](unsigned int i) { return std::uint32_t(swapUnit(units[i])); }, has, has, start, out);
+    readUnits([units](unsigned int i) { return std::uint32_t(swapUnit(units[i])); }, has, has, start, out);
   } else {
-    decodeUnits([units](unsigned int i) { return std::uint32_t(units[i]); }, has, has, start, out);
+    readUnits([units](unsigned int i) { return std::uint32_t(units[i]); }, has, has, start, out);
   }
 }
 

@@ -567,6 +567,34 @@ void cEnDecUTF8::encode(const cString& text, qstd::tArray<char>& out) const {
   }
 }
 
+unsigned int cEnDecUTF8::encode(const unsigned int* chars, unsigned int count, char* buffer, unsigned int size) {
+  QEL_ASSERT(chars != 0 || count == 0, "ucs/cendecutf8");
+  unsigned long long total = 0;
+#ifdef QEL_UTF8_BLOCKS
+  const bool vector = qstd::cCpuFeatures::avx2();
+#endif
+  for (unsigned int at = 0; at < count; at += ChunkChars) {
+    const unsigned int n = count - at < ChunkChars ? count - at : ChunkChars;
+#ifdef QEL_UTF8_BLOCKS
+    total += vector ? countBytesAvx2(chars + at, n) : countBytes(chars + at, n);
+#else
+    total += countBytes(chars + at, n);
+#endif
+  }
+  if (total > 0xFFFFFFFFull) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
+  if (total > size || total == 0) return static_cast<unsigned int>(total);
+  unsigned char* dst = reinterpret_cast<unsigned char*>(buffer);
+  const unsigned char* const limit = dst + total;
+#ifdef QEL_UTF8_BLOCKS
+  if (vector) {
+    encodeCharsAvx2(chars, chars + count, dst, limit);
+    return static_cast<unsigned int>(total);
+  }
+#endif
+  encodeChars(chars, chars + count, dst, limit);
+  return static_cast<unsigned int>(total);
+}
+
 void cEnDecUTF8::decode(const qstd::tConstArrayRef<char>& bytes, cString& out) const {
   const unsigned int n = bytes.size();
   if (n == 0) return;

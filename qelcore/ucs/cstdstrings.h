@@ -1,0 +1,70 @@
+// Conversions between cString and the standard library's strings, straight
+// from and into their memory (no library array in between):
+//
+//   qucs::cString name = qucs::cStdStrings::fromUTF8(std::string_view("Zoë"));
+//   std::string bytes = qucs::cStdStrings::toUTF8(name);
+//   std::u16string units = qucs::cStdStrings::toUTF16(name);
+//
+// UTF-8 follows the library's UTF-8 endec (cEnDecUTF8), UTF-16 the UTF-16
+// endec in the machine's order without a mark; their errors are theirs.
+// Kept apart from cstring.h, which does not need <string>.
+#ifndef QELCORE_UCS_CSTDSTRINGS_H
+#define QELCORE_UCS_CSTDSTRINGS_H
+
+#include <string>
+#include <string_view>
+
+#include "qelcore/std/cstdexceptions.h"
+#include "qelcore/ucs/cabstractendec.h"
+#include "qelcore/ucs/cendecutf16.h"
+#include "qelcore/ucs/cendecutf8.h"
+#include "qelcore/ucs/cstring.h"
+
+namespace qucs {
+
+class cStdStrings {
+public:
+  static cString fromUTF8(std::string_view bytes) {
+    cString text;
+    text.fromUTF8(bytes.data(), lengthOf(bytes.size()));
+    return text;
+  }
+  static std::string toUTF8(const cString& text) {
+    std::string bytes;
+    const unsigned int n = text.toUTF8(nullptr, 0);
+    bytes.resize(n);
+    if (n) text.toUTF8(&bytes[0], n);
+    return bytes;
+  }
+  // Units in the machine's order; a leading 0xFEFF is a character like any other.
+  static cString fromUTF16(std::u16string_view units) {
+    cString text;
+    nativeUTF16().decodeUnits(reinterpret_cast<const unsigned short*>(units.data()), lengthOf(units.size()), text);
+    return text;
+  }
+  static std::u16string toUTF16(const cString& text) {
+    std::u16string units;
+    const cEnDecUTF16 endec = nativeUTF16();
+    const unsigned int n = endec.encode(text.data(true), text.size(), nullptr, 0);
+    units.resize(n);
+    if (n) endec.encode(text.data(), text.size(), reinterpret_cast<unsigned short*>(&units[0]), n);
+    return units;
+  }
+  // Appends what any endec decodes from the bytes.
+  static void decode(const cAbstractEnDec& endec, std::string_view bytes, cString& out) {
+    endec.decode(bytes.data(), lengthOf(bytes.size()), out);
+  }
+
+private:
+  // Units (not bytes) of a known order are in the machine's order unless
+  // FlagBigEndian swaps them.
+  static cEnDecUTF16 nativeUTF16() { return cEnDecUTF16(cEnDecUTF16::FlagLittleEndian); }
+  static unsigned int lengthOf(std::size_t n) {
+    if (n > 0x7FFFFFFFu) qstd::cSTDExceptions::throwOutOfBounds("cStdStrings", "length");
+    return static_cast<unsigned int>(n);
+  }
+};
+
+}  // namespace qucs
+
+#endif
