@@ -12,7 +12,6 @@
 #define QELCORE_RMI_CFUNCTORSLOTCALLN_H
 
 #include <type_traits>
-#include <utility>
 
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/cconnectable.h"
@@ -26,7 +25,7 @@ class cFunctorSlotCallN : public cAbstractSlotCallN<R, A...> {
 public:
   template <class G>
   cFunctorSlotCallN(cConnectable& owner, G&& function, cAbstractSignal* signal)
-      : cAbstractSlotCallN<R, A...>(owner, signal), mFunction(std::forward<G>(function)) {}
+      : cAbstractSlotCallN<R, A...>(owner, signal), mFunction(static_cast<G&&>(function)) {}
 
   void invoke(R& result, A... args) const override {
     if constexpr (std::is_void<decltype(mFunction(args...))>::value) {
@@ -55,6 +54,11 @@ private:
   // Called through a const slot call; a lambda may keep state of its own.
   mutable F mFunction;
 };
+
+// A value of type T in unevaluated expressions (std::declval without
+// <utility>).
+template <class T>
+typename std::add_rvalue_reference<T>::type declValue() noexcept;
 
 // Calls a member function that returns nothing, for a signal whose result
 // is piVoid.

@@ -49,10 +49,10 @@ class localSignalN : public cAbstractSignal {
   template <class F, class = void>
   struct tCallableAs : std::false_type {};
   template <class F>
-  struct tCallableAs<F, std::void_t<decltype(std::declval<std::decay_t<F>&>()(std::declval<A>()...))>>
+  struct tCallableAs<F, std::void_t<decltype(declValue<std::decay_t<F>&>()(declValue<A>()...))>>
       : std::integral_constant<bool,
-                               std::is_void<decltype(std::declval<std::decay_t<F>&>()(std::declval<A>()...))>::value ||
-                                   std::is_convertible<decltype(std::declval<std::decay_t<F>&>()(std::declval<A>()...)),
+                               std::is_void<decltype(declValue<std::decay_t<F>&>()(declValue<A>()...))>::value ||
+                                   std::is_convertible<decltype(declValue<std::decay_t<F>&>()(declValue<A>()...)),
                                                        R>::value> {};
 
 public:
@@ -92,7 +92,7 @@ public:
   template <class F, class = std::enable_if_t<tCallableAs<F>::value>>
   cConnection connect(cConnectable& owner, F&& function) {
     typedef std::decay_t<F> tFunction;
-    return take(new cFunctorSlotCallN<tFunction, R, A...>(owner, std::forward<F>(function), this));
+    return take(new cFunctorSlotCallN<tFunction, R, A...>(owner, static_cast<F&&>(function), this));
   }
   // Takes over a slot call created elsewhere (for example one that calls a
   // public slot by name), whichever signal it was made for.
