@@ -27,6 +27,12 @@ namespace qucs {
 
 namespace {
 
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+const bool MachineBigEndian = true;
+#else
+const bool MachineBigEndian = false;
+#endif
+
 inline std::uint16_t swapUnit(std::uint32_t u) { return static_cast<std::uint16_t>(((u & 0xFFu) << 8) | (u >> 8)); }
 
 inline bool isSurrogate(std::uint32_t c) { return c >= 0xD800u && c <= 0xDFFFu; }
@@ -66,10 +72,12 @@ unsigned char* writeUnits(const std::uint32_t* QEL_RESTRICT p, const std::uint32
     std::uint32_t high = 0;
     for (unsigned int j = 0; j < 8; ++j) high |= p[j] & 0xFFFF0000u;
     if (high == 0) {
-      for (unsigned int j = 0; j < 8; ++j) {
-        dst[2 * j + (BigEndian ? 1 : 0)] = static_cast<unsigned char>(p[j]);
-        dst[2 * j + (BigEndian ? 0 : 1)] = static_cast<unsigned char>(p[j] >> 8);
-      }
+      // Narrowed as units of the machine's order (swapped where that is not
+      // the order asked for) and copied at once, which compilers vectorize.
+      std::uint16_t units[8];
+      for (unsigned int j = 0; j < 8; ++j)
+        units[j] = BigEndian != MachineBigEndian ? swapUnit(p[j]) : static_cast<std::uint16_t>(p[j]);
+      std::memcpy(dst, units, sizeof units);
       dst += 16;
       continue;
     }
@@ -214,12 +222,7 @@ void encodeInto(const cString& text, Arr& out, bool mark, bool bigEndian) {
 }
 
 // The byte order that units in the machine's order have, swapped or not.
-bool unitsBigEndian(bool swapped) {
-  const std::uint16_t probe = 1;
-  unsigned char first;
-  std::memcpy(&first, &probe, 1);
-  return (first == 0) != swapped;
-}
+bool unitsBigEndian(bool swapped) { return MachineBigEndian != swapped; }
 
 // Reads zero-terminated or counted units (through `unit(i)`, already in the
 // right order) and appends the characters. `more(i)` tells whether the loop
