@@ -73,28 +73,15 @@ inline unsigned char* writeChar(std::uint32_t c, unsigned char* dst) {
     dst[2] = static_cast<unsigned char>(0x80u | (c & 0x3Fu));
     return dst + 3;
   }
+  if (c < 200000u) {
+    dst[0] = static_cast<unsigned char>(0xF0u | (c >> 18));
+    dst[1] = static_cast<unsigned char>(0x80u | ((c >> 12) & 0x3Fu));
+    dst[2] = static_cast<unsigned char>(0x80u | ((c >> 6) & 0x3Fu));
+    dst[3] = static_cast<unsigned char>(0x80u | (c & 0x3Fu));
+    return dst + 4;
+  }
   const unsigned int len = encodedLength(c);
   writeSequence(c, len, dst);
-  return dst + len;
-}
-
-// As writeChar for characters below 200000, with at least four bytes of
-// room at `dst`: always stores four bytes (those behind the sequence are
-// overwritten later) and chooses the form without a branch, since in mixed
-// text the length changes too often for branches to be predicted.
-inline unsigned char* writeCharNoBranch(std::uint32_t c, unsigned char* dst) {
-  const unsigned int len = 1u + (c >= 0x80u) + (c >= 0x800u) + (c >= 0x10000u);
-  const std::uint32_t c0 = 0x80u | (c & 0x3Fu), c1 = 0x80u | ((c >> 6) & 0x3Fu), c2 = 0x80u | ((c >> 12) & 0x3Fu);
-  // First byte lowest.
-  const std::uint32_t w2 = (0xC0u | (c >> 6)) | (c0 << 8);
-  const std::uint32_t w3 = (0xE0u | (c >> 12)) | (c1 << 8) | (c0 << 16);
-  const std::uint32_t w4 = (0xF0u | (c >> 18)) | (c2 << 8) | (c1 << 16) | (c0 << 24);
-  const std::uint32_t forms[4] = {c, w2, w3, w4};
-  const std::uint32_t w = forms[len - 1];
-  dst[0] = static_cast<unsigned char>(w);
-  dst[1] = static_cast<unsigned char>(w >> 8);
-  dst[2] = static_cast<unsigned char>(w >> 16);
-  dst[3] = static_cast<unsigned char>(w >> 24);
   return dst + len;
 }
 
@@ -360,23 +347,19 @@ unsigned int countBytes(const std::uint32_t* src, unsigned int n) {
   return total;
 }
 
-// Encodes the characters from `p` to `end` into `dst`, which has exactly
-// the room they need up to `limit`, and returns the position behind them.
-unsigned char* encodeChars(const std::uint32_t* p, const std::uint32_t* end, unsigned char* dst,
-                           const unsigned char* limit) {
+// Encodes the characters from `p` to `end` into `dst`, which has the room
+// they need, and returns the position behind them.
+unsigned char* encodeChars(const std::uint32_t* p, const std::uint32_t* end, unsigned char* dst) {
   // Blocks of eight characters: plain ASCII ones are narrowed at once, the
-  // others character by character. The branch-free form stores four bytes
-  // for each character, so blocks are taken while room for eight of the
-  // longest (five-byte) sequences is left; what lands behind a sequence is
-  // overwritten by the next one.
-  while (end - p >= 8 && limit - dst >= 40) {
+  // others character by character.
+  while (end - p >= 8) {
     std::uint32_t any = 0;
     for (unsigned int j = 0; j < 8; ++j) any |= p[j];
     if (any < 0x80u) {
       for (unsigned int j = 0; j < 8; ++j) dst[j] = static_cast<unsigned char>(p[j]);
       dst += 8;
     } else {
-      for (unsigned int j = 0; j < 8; ++j) dst = p[j] < 200000u ? writeCharNoBranch(p[j], dst) : writeChar(p[j], dst);
+      for (unsigned int j = 0; j < 8; ++j) dst = writeChar(p[j], dst);
     }
     p += 8;
   }
@@ -498,7 +481,7 @@ __attribute__((target("avx2"))) unsigned char* encodeCharsAvx2(const std::uint32
     dst += GatherTable.length[high];
     p += 8;
   }
-  return encodeChars(p, end, dst, limit);
+  return encodeChars(p, end, dst);
 }
 
 #endif
@@ -561,7 +544,7 @@ void cEnDecUTF8::encode(const cString& text, qstd::tArray<char>& out) const {
   for (unsigned int at = 0; at < n; at += PortableChunkChars) {
     const unsigned int count = n - at < PortableChunkChars ? n - at : PortableChunkChars;
     const unsigned int len =
-        static_cast<unsigned int>(encodeChars(src + at, src + at + count, buf, buf + sizeof buf) - buf);
+        static_cast<unsigned int>(encodeChars(src + at, src + at + count, buf) - buf);
     if (len > 0xFFFFFFFFu - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
     out.append(reinterpret_cast<const char*>(buf), len);
   }
@@ -584,14 +567,13 @@ unsigned int cEnDecUTF8::encode(const unsigned int* chars, unsigned int count, c
   if (total > 0xFFFFFFFFull) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
   if (total > size || total == 0) return static_cast<unsigned int>(total);
   unsigned char* dst = reinterpret_cast<unsigned char*>(buffer);
-  const unsigned char* const limit = dst + total;
 #ifdef QEL_UTF8_BLOCKS
   if (vector) {
-    encodeCharsAvx2(chars, chars + count, dst, limit);
+    encodeCharsAvx2(chars, chars + count, dst, dst + total);
     return static_cast<unsigned int>(total);
   }
 #endif
-  encodeChars(chars, chars + count, dst, limit);
+  encodeChars(chars, chars + count, dst);
   return static_cast<unsigned int>(total);
 }
 
