@@ -38,4 +38,9 @@ void cAbstractEnDec::decode(const char* bytes, unsigned int length, cString& out
   decode(qstd::tConstArrayRef<char>(memory), out);
 }
 
+void cAbstractEnDec::decode(const unsigned short* units, unsigned int count, cString& out) const {
+  const qstd::tConstMemoryProxy<unsigned short> memory(units, count);
+  decode(qstd::tConstArrayRef<unsigned short>(memory), out);
+}
+
 }  // namespace qucs

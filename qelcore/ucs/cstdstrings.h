@@ -50,9 +50,19 @@ public:
     if (n) endec.encode(text.data(), text.size(), reinterpret_cast<unsigned short*>(&units[0]), n);
     return units;
   }
-  // Appends what any endec decodes from the bytes.
+  // Appends what any endec decodes from the bytes or 16-bit units.
   static void decode(const cAbstractEnDec& endec, std::string_view bytes, cString& out) {
     endec.decode(bytes.data(), lengthOf(bytes.size()), out);
+  }
+  static void decode(const cAbstractEnDec& endec, std::u16string_view units, cString& out) {
+    endec.decode(reinterpret_cast<const unsigned short*>(units.data()), lengthOf(units.size()), out);
+  }
+  // Any endec's bytes of the text (the endec writes them into an array of
+  // its own, which is copied once).
+  static std::string encode(const cAbstractEnDec& endec, const cString& text) {
+    qstd::tArray<char> bytes;
+    endec.encode(text, bytes);
+    return std::string(bytes.data(true), bytes.size());
   }
 
 private:

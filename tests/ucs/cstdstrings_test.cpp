@@ -83,3 +83,31 @@ TEST(cStdStrings, Utf16UnitsInTheMachinesOrder) {
   EXPECT_EQ(chars(b), V({0x41}));
   expectRuntime([&] { cEnDecUTF16(0).decodeUnits(bare, 1, a); }, "Invalid byte order mark while decoding utf16!");
 }
+
+// An endec of a plug-in that decodes 16-bit units: one character a unit.
+class cUnitEnDec : public qucs::cAbstractEnDec {
+public:
+  qstd::cAsciiString name() const override { return qstd::cAsciiString("Endec-Units"); }
+  void decode(const qstd::tConstArrayRef<unsigned short>& units, cString& out) const override {
+    for (unsigned int i = 0; i < units.size(); ++i) out.append(static_cast<unsigned int>(units[i]));
+  }
+  using qucs::cAbstractEnDec::decode;
+};
+
+TEST(cStdStrings, AnyEndecOnStandardStrings) {
+  // Units straight from a u16string, appended to what the text held.
+  cString out = text({0x7E});
+  cStdStrings::decode(cUnitEnDec(), std::u16string{0x41, 0xD83D}, out);
+  EXPECT_EQ(chars(out), V({0x7E, 0x41, 0xD83D}));
+  // What an endec does not implement stays its bug report.
+  expectFailure([&] { cStdStrings::decode(cEnDecUTF8(), std::u16string{0x41}, out); }, cAbstractException::TypeBug,
+                "Not implemented: Endec-UTF8::decode (ucs16 -> ucs32)");
+  EXPECT_EQ(chars(out), V({0x7E, 0x41, 0xD83D}));
+
+  // Bytes of any endec into a std::string, errors as the endec's own.
+  const cEnDecUTF16 marked(cEnDecUTF16::FlagByteOrderMark | cEnDecUTF16::FlagBigEndian);
+  EXPECT_EQ(cStdStrings::encode(marked, text({0x41, 0x1F600})), std::string("\xFE\xFF\0A\xD8\x3D\xDE\x00", 8));
+  EXPECT_EQ(cStdStrings::encode(marked, cString()), std::string("\xFE\xFF"));
+  EXPECT_EQ(cStdStrings::encode(cEnDecUTF8(), cString()), std::string());
+  expectRuntime([&] { cStdStrings::encode(marked, text({0xDFFF})); }, "Unable to convert unmappable character to utf16!");
+}
