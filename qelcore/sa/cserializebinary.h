@@ -116,7 +116,10 @@ private:
     const unsigned int end = pos + n;
     const unsigned int size = mrData.size();
     if (end <= size && end >= pos) return mrData.begin() + pos;
-    if (pos == size && mrData.appendWithinPool(n)) return mrData.begin() + pos;
+    if (pos == size && mrData._poolSize() - size >= n) {
+      mrData.appendElements(n);  // within the pool: no allocation
+      return mrData.begin() + pos;
+    }
     return reserve(n);
   }
   void putFixed(unsigned int id, unsigned char v) {

@@ -243,29 +243,16 @@ public:
   // Grows by `n` elements of unspecified content; returns the old size.
   unsigned int appendElements(unsigned int n) {
     const unsigned int at = miSize;
-    arrayops::checkGrowth("tArray", "appendElements", at, n);
-    if (miPoolSize >= at + n) {
+    if (QELCORE_STD_TARRAY_LIKELY(miPoolSize - at >= n)) {
       miSize = at + n;
       if (Traits::Terminated) {
         mpPool[at + n] = T();
       }
-    } else {
-      resizePool(at + n, false);
+      return at;
     }
+    arrayops::checkGrowth("tArray", "appendElements", at, n);
+    resizePool(at + n, false);
     return at;
-  }
-  // Grows by `n` elements of unspecified content when the pool already has
-  // room for them; otherwise changes nothing and returns false. Never
-  // allocates, so writers can check it inline and grow out of line.
-  bool appendWithinPool(unsigned int n) {
-    if (miPoolSize - miSize < n) {
-      return false;
-    }
-    miSize += n;
-    if (Traits::Terminated) {
-      mpPool[miSize] = T();
-    }
-    return true;
   }
   unsigned int appendElements(unsigned int n, const T& fillValue) {
     const T value = fillValue;
