@@ -54,6 +54,24 @@ private:
   tRemover mpfRemove;
 };
 
+// The handle as a signal's connect() gives it out: a cConnection that also
+// reaches the slot call of its connection with the signal's type for it.
+//
+//   auto c = sig.connect(bell, &cBell::sltRing);
+//   qpi::cWork* work = c->createWork(3);
+template <class S>
+class tConnection : public cConnection {
+public:
+  tConnection() noexcept {}
+  tConnection(S& call, tRemover remove) : cConnection(call, remove) {}
+
+  // The slot call, or null once the connection has ended.
+  S* slotCall() const { return static_cast<S*>(cConnection::slotCall()); }
+  // Only while connected().
+  S* operator->() const { return slotCall(); }
+  S& operator*() const { return *slotCall(); }
+};
+
 }  // namespace qrmi
 
 #endif

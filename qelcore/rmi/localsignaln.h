@@ -14,7 +14,8 @@
 //
 // The signal owns one slot call per connection. A receiver's destruction
 // removes its slot calls; the signal's destruction destroys all of them.
-// connect() returns a cConnection that can end that one connection. Slots
+// connect() returns a handle (tConnection, a cConnection) that can end that
+// one connection and reaches its slot call while it lasts. Slots
 // may also be member functions declared void (for signals with result
 // piVoid) and lambdas or plain functions that belong to a receiver:
 //
@@ -74,15 +75,15 @@ public:
   }
 
   // Connects `method` of `object`; returns a handle to the new connection
-  // (which the signal owns; see cConnection). The same pair may be connected
+  // (which the signal owns; see tConnection). The same pair may be connected
   // more than once.
   template <class T>
-  cConnection connect(T& object, R (T::*method)(A...)) {
+  tConnection<tSlotCall> connect(T& object, R (T::*method)(A...)) {
     return take(new cDirectLocalSlotCallN<T, R, A...>(object, method, this));
   }
   // A slot declared void, for a signal without result (R is piVoid).
   template <class T>
-  cConnection connect(T& object, void (T::*method)(A...)) {
+  tConnection<tSlotCall> connect(T& object, void (T::*method)(A...)) {
     static_assert(std::is_same<R, qsa::piVoid>::value, "a slot declared void needs a signal whose result is piVoid");
     return take(new cFunctorSlotCallN<tVoidMethod<T, A...>, R, A...>(object, tVoidMethod<T, A...>{&object, method}, this));
   }
@@ -90,13 +91,13 @@ public:
   // with the owner, as for its member functions. Its result must convert to
   // R, or be void (then the default R).
   template <class F, class = std::enable_if_t<tCallableAs<F>::value>>
-  cConnection connect(cConnectable& owner, F&& function) {
+  tConnection<tSlotCall> connect(cConnectable& owner, F&& function) {
     typedef std::decay_t<F> tFunction;
     return take(new cFunctorSlotCallN<tFunction, R, A...>(owner, static_cast<F&&>(function), this));
   }
   // Takes over a slot call created elsewhere (for example one that calls a
   // public slot by name), whichever signal it was made for.
-  cConnection connect(qstd::tAutoPtr<tSlotCall> slot) {
+  tConnection<tSlotCall> connect(qstd::tAutoPtr<tSlotCall> slot) {
     QEL_ASSERT(slot.get() != 0, "rmi/localsignaln");
     return take(slot.release());
   }
@@ -214,7 +215,7 @@ private:
     cEmissionLink& mLink;
   };
   // Stores `call` (owned from here on) as the last connection.
-  cConnection take(tSlotCall* call) {
+  tConnection<tSlotCall> take(tSlotCall* call) {
     try {
       mvSlots.reserve(mvSlots.size() + 1);
       adopt(*call);
@@ -223,7 +224,7 @@ private:
       throw;
     }
     mvSlots.push_back(call);
-    return cConnection(*call, &removeSlotCall);
+    return tConnection<tSlotCall>(*call, &removeSlotCall);
   }
   static bool removeSlotCall(cAbstractSignal& signal, cAbstractSlotCall& call) {
     return static_cast<localSignalN&>(signal).disconnect(static_cast<const tSlotCall&>(call));

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -121,4 +122,24 @@ TEST(cConnection, SlotsMayEndConnectionsDuringAnEmission) {
   EXPECT_EQ(log, (tLog{"self:1", "b:1", "b:2"}));
   EXPECT_FALSE(self.connected());
   EXPECT_EQ(a.attachedSignals().size(), 0u);
+}
+
+TEST(cConnection, TheTypedHandleReachesItsSlotCallWhileItLasts) {
+  tLog log;
+  localSignal1<piVoid, int> sig;
+  auto handle = sig.connect(*std::make_unique<cReceiver>(log, "gone"), &cReceiver::sltNote);
+  static_assert(std::is_same<decltype(handle.slotCall()), localSignal1<piVoid, int>::tSlotCall*>::value,
+                "typed slot call");
+  EXPECT_EQ(handle.slotCall(), nullptr);  // the receiver died at once
+  cReceiver a(log, "a");
+  auto c = sig.connect(a, &cReceiver::sltNote);
+  piVoid result;
+  c->invoke(result, 4);
+  EXPECT_EQ(log, (tLog{"a:4"}));
+  EXPECT_TRUE(a == &*c);
+  // Sliced into a plain handle it still ends its connection.
+  cConnection plain = std::move(c);
+  EXPECT_EQ(c.slotCall(), nullptr);
+  EXPECT_TRUE(plain.disconnect());
+  EXPECT_EQ(sig.slotCount(), 0u);
 }

@@ -362,7 +362,7 @@ TEST(LocalSignalConnections, LocalSlotCallsRefuseIndirectUse) {
   tLog log;
   cReceiver a(log, "a");
   localSignal1<piVoid, int> sig;
-  auto& call = *static_cast<qrmi::cAbstractSlotCall1<piVoid, int>*>(sig.connect(a, &cReceiver::sltNote).slotCall());
+  auto& call = *sig.connect(a, &cReceiver::sltNote);
   EXPECT_TRUE(a == &call);
   qsa::cReferenceFrame frame;
   try {
