@@ -55,11 +55,6 @@ private:
   mutable F mFunction;
 };
 
-// A value of type T in unevaluated expressions (std::declval without
-// <utility>).
-template <class T>
-typename std::add_rvalue_reference<T>::type declValue() noexcept;
-
 // Calls a member function that returns nothing, for a signal whose result
 // is piVoid.
 template <class T, class... A>

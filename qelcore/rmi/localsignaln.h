@@ -14,10 +14,9 @@
 //
 // The signal owns one slot call per connection. A receiver's destruction
 // removes its slot calls; the signal's destruction destroys all of them.
-// connect() returns a handle (tConnection, a cConnection) that can end that
-// one connection and reaches its slot call while it lasts. Slots
-// may also be member functions declared void (for signals with result
-// piVoid) and lambdas or plain functions that belong to a receiver:
+// connect() returns a handle (tConnection) that can end that one connection.
+// Slots may also be member functions declared void (signals with result
+// piVoid), and lambdas or functions that belong to a receiver:
 //
 //   door.sigOpened.connect(bell, [&bell](int times) { bell.ring(times); });
 #ifndef QELCORE_RMI_LOCALSIGNALN_H
@@ -45,17 +44,6 @@ namespace qrmi {
 
 template <class R, class... A>
 class localSignalN : public cAbstractSignal {
-  // Whether a function object can be called with the signal's arguments and
-  // gives a result that becomes R (or none).
-  template <class F, class = void>
-  struct tCallableAs : std::false_type {};
-  template <class F>
-  struct tCallableAs<F, std::void_t<decltype(declValue<std::decay_t<F>&>()(declValue<A>()...))>>
-      : std::integral_constant<bool,
-                               std::is_void<decltype(declValue<std::decay_t<F>&>()(declValue<A>()...))>::value ||
-                                   std::is_convertible<decltype(declValue<std::decay_t<F>&>()(declValue<A>()...)),
-                                                       R>::value> {};
-
 public:
   typedef cAbstractSlotCallN<R, A...> tSlotCall;
   typedef std::vector<tSlotCall*> tSlotCalls;
@@ -90,7 +78,7 @@ public:
   // A lambda or plain function that belongs to `owner`: the connection ends
   // with the owner, as for its member functions. Its result must convert to
   // R, or be void (then the default R).
-  template <class F, class = std::enable_if_t<tCallableAs<F>::value>>
+  template <class F, class = std::enable_if_t<std::is_invocable<std::decay_t<F>&, A...>::value>>
   tConnection<tSlotCall> connect(cConnectable& owner, F&& function) {
     typedef std::decay_t<F> tFunction;
     return take(new cFunctorSlotCallN<tFunction, R, A...>(owner, static_cast<F&&>(function), this));

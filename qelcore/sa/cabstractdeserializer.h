@@ -8,9 +8,8 @@
 #ifndef QELCORE_SA_CABSTRACTDESERIALIZER_H
 #define QELCORE_SA_CABSTRACTDESERIALIZER_H
 
-#include <type_traits>
-
 #include "qelcore/qelexport.h"
+#include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
 #include "qelcore/std/casciistring.h"
@@ -109,39 +108,17 @@ inline cAbstractDeserializer& operator<<(bool& v, cAbstractDeserializer& d) {
   d.load(v);
   return d;
 }
-// The other standard integer types (long and unsigned long, which are what
-// std::int64_t, std::size_t and their kin are on some platforms, and signed
-// char) are read as the fixed-width type of their width and signedness that
-// the writer stored (see cabstractserializer.h).
+// The other standard integer types by their width (see cabstractserializer.h).
 template <class I, class D>
-inline void loadByWidth(I& v, D& d) {
-  static_assert(sizeof(I) == 1 || sizeof(I) == 4 || sizeof(I) == 8, "8-, 32- or 64-bit integers");
-  if constexpr (sizeof(I) == 1) {
-    char x;
-    d.load(x);
-    v = static_cast<I>(x);
-  } else if constexpr (sizeof(I) == 4) {
-    typename std::conditional<std::is_signed<I>::value, int, unsigned int>::type x;
-    d.load(x);
-    v = static_cast<I>(x);
-  } else {
-    typename std::conditional<std::is_signed<I>::value, long long, unsigned long long>::type x;
-    d.load(x);
-    v = static_cast<I>(x);
-  }
-}
-inline cAbstractDeserializer& operator<<(signed char& v, cAbstractDeserializer& d) {
-  loadByWidth(v, d);
+inline D& loadByWidth(I& v, D& d) {
+  tByWidth<I> x;
+  d.load(x);
+  v = static_cast<I>(x);
   return d;
 }
-inline cAbstractDeserializer& operator<<(long& v, cAbstractDeserializer& d) {
-  loadByWidth(v, d);
-  return d;
-}
-inline cAbstractDeserializer& operator<<(unsigned long& v, cAbstractDeserializer& d) {
-  loadByWidth(v, d);
-  return d;
-}
+inline cAbstractDeserializer& operator<<(signed char& v, cAbstractDeserializer& d) { return loadByWidth(v, d); }
+inline cAbstractDeserializer& operator<<(long& v, cAbstractDeserializer& d) { return loadByWidth(v, d); }
+inline cAbstractDeserializer& operator<<(unsigned long& v, cAbstractDeserializer& d) { return loadByWidth(v, d); }
 // A byte array is loaded as one block.
 inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeserializer& d) {
   d.loadBlock(v);

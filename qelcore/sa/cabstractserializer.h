@@ -106,33 +106,17 @@ inline cAbstractSerializer& operator>>(bool v, cAbstractSerializer& s) {
   s.store(v);
   return s;
 }
-// The other standard integer types (long and unsigned long, which are what
-// std::int64_t, std::size_t and their kin are on some platforms, and signed
-// char) are stored by their width: as the fixed-width type of the same width
-// and signedness (char for signed char). So a long is a piInt64 where it has
-// 64 bits and a piInt32 where it has 32.
-template <class I, class S>
-inline void storeByWidth(I v, S& s) {
-  static_assert(sizeof(I) == 1 || sizeof(I) == 4 || sizeof(I) == 8, "8-, 32- or 64-bit integers");
-  if constexpr (sizeof(I) == 1) {
-    s.store(static_cast<char>(v));
-  } else if constexpr (sizeof(I) == 4) {
-    s.store(static_cast<typename std::conditional<std::is_signed<I>::value, int, unsigned int>::type>(v));
-  } else {
-    s.store(static_cast<typename std::conditional<std::is_signed<I>::value, long long, unsigned long long>::type>(v));
-  }
-}
-inline cAbstractSerializer& operator>>(signed char v, cAbstractSerializer& s) {
-  storeByWidth(v, s);
-  return s;
-}
-inline cAbstractSerializer& operator>>(long v, cAbstractSerializer& s) {
-  storeByWidth(v, s);
-  return s;
-}
+// The other standard integer types (signed char; long and unsigned long, which std::int64_t, std::size_t and their
+// kin are on some platforms) go as the fixed-width type of their width and signedness: a long is a piInt64 where it
+// has 64 bits and a piInt32 where it has 32. Loading reads the same type.
+template <class I, bool Signed = std::is_signed<I>::value>
+using tByWidth = std::conditional_t<sizeof(I) == 1, char,
+                                    std::conditional_t<sizeof(I) == 4, std::conditional_t<Signed, int, unsigned int>,
+                                                       std::conditional_t<Signed, long long, unsigned long long>>>;
+inline cAbstractSerializer& operator>>(signed char v, cAbstractSerializer& s) { return static_cast<char>(v) >> s; }
+inline cAbstractSerializer& operator>>(long v, cAbstractSerializer& s) { return static_cast<tByWidth<long>>(v) >> s; }
 inline cAbstractSerializer& operator>>(unsigned long v, cAbstractSerializer& s) {
-  storeByWidth(v, s);
-  return s;
+  return static_cast<tByWidth<unsigned long>>(v) >> s;
 }
 // A byte array is stored as one block.
 inline cAbstractSerializer& operator>>(const qstd::tArray<char>& v, cAbstractSerializer& s) {

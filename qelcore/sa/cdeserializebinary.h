@@ -251,19 +251,10 @@ inline cDeserializeBinary& operator<<(bool& v, cDeserializeBinary& d) {
   d.load(v);
   return d;
 }
-// The other standard integer types by their width (see cabstractdeserializer.h).
-inline cDeserializeBinary& operator<<(signed char& v, cDeserializeBinary& d) {
-  loadByWidth(v, d);
-  return d;
-}
-inline cDeserializeBinary& operator<<(long& v, cDeserializeBinary& d) {
-  loadByWidth(v, d);
-  return d;
-}
-inline cDeserializeBinary& operator<<(unsigned long& v, cDeserializeBinary& d) {
-  loadByWidth(v, d);
-  return d;
-}
+// The other standard integer types by their width (see cabstractserializer.h).
+inline cDeserializeBinary& operator<<(signed char& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
+inline cDeserializeBinary& operator<<(long& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
+inline cDeserializeBinary& operator<<(unsigned long& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
 inline cDeserializeBinary& operator<<(qstd::cAsciiString& v, cDeserializeBinary& d) {
   d.load(v);
   return d;

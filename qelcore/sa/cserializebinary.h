@@ -216,17 +216,10 @@ inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) {
   return s;
 }
 // The other standard integer types by their width (see cabstractserializer.h).
-inline cSerializeBinary& operator>>(signed char v, cSerializeBinary& s) {
-  storeByWidth(v, s);
-  return s;
-}
-inline cSerializeBinary& operator>>(long v, cSerializeBinary& s) {
-  storeByWidth(v, s);
-  return s;
-}
+inline cSerializeBinary& operator>>(signed char v, cSerializeBinary& s) { return static_cast<char>(v) >> s; }
+inline cSerializeBinary& operator>>(long v, cSerializeBinary& s) { return static_cast<tByWidth<long>>(v) >> s; }
 inline cSerializeBinary& operator>>(unsigned long v, cSerializeBinary& s) {
-  storeByWidth(v, s);
-  return s;
+  return static_cast<tByWidth<unsigned long>>(v) >> s;
 }
 inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) {
   s.store(v);

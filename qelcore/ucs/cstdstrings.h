@@ -4,10 +4,11 @@
 //   qucs::cString name = qucs::cStdStrings::fromUTF8(std::string_view("Zoë"));
 //   std::string bytes = qucs::cStdStrings::toUTF8(name);
 //   std::u16string units = qucs::cStdStrings::toUTF16(name);
+//   unsigned int n = qucs::cStdStrings::toUTF8(name, buffer, sizeof buffer);  // or the length it needs
 //
 // UTF-8 follows the library's UTF-8 endec (cEnDecUTF8), UTF-16 the UTF-16
 // endec in the machine's order without a mark; their errors are theirs.
-// Kept apart from cstring.h, which does not need <string>.
+// Kept apart from cstring.h, which does not need <string> or these forms.
 #ifndef QELCORE_UCS_CSTDSTRINGS_H
 #define QELCORE_UCS_CSTDSTRINGS_H
 
@@ -15,6 +16,7 @@
 #include <string_view>
 
 #include "qelcore/std/cstdexceptions.h"
+#include "qelcore/std/tconstmemoryproxy.h"
 #include "qelcore/ucs/cabstractendec.h"
 #include "qelcore/ucs/cendecutf16.h"
 #include "qelcore/ucs/cendecutf8.h"
@@ -24,17 +26,25 @@ namespace qucs {
 
 class cStdStrings {
 public:
+  // Any bytes in memory, such as `{pointer, length}`, are a string_view.
   static cString fromUTF8(std::string_view bytes) {
+    const qstd::tConstMemoryProxy<char> memory(bytes.data(), lengthOf(bytes.size()));
     cString text;
-    text.fromUTF8(bytes.data(), lengthOf(bytes.size()));
+    text.fromUTF8(qstd::tConstArrayRef<char>(memory));
     return text;
   }
   static std::string toUTF8(const cString& text) {
     std::string bytes;
-    const unsigned int n = text.toUTF8(nullptr, 0);
+    const unsigned int n = toUTF8(text, nullptr, 0);
     bytes.resize(n);
-    if (n) text.toUTF8(&bytes[0], n);
+    if (n) toUTF8(text, &bytes[0], n);
     return bytes;
+  }
+  // UTF-8 into `buffer`, memory of the caller's (no terminating zero).
+  // Returns the length of the encoding; when that is more than `size`,
+  // nothing is written and the caller can try again with that much room.
+  static unsigned int toUTF8(const cString& text, char* buffer, unsigned int size) {
+    return cEnDecUTF8::encode(text.data(true), text.size(), buffer, size);
   }
   // Units in the machine's order; a leading 0xFEFF is a character like any other.
   static cString fromUTF16(std::u16string_view units) {

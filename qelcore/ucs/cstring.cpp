@@ -9,7 +9,6 @@
 #include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionformat.h"
-#include "qelcore/std/tconstmemoryproxy.h"
 #include "qelcore/ucs/cendecutf8.h"
 
 namespace qucs {
@@ -123,15 +122,6 @@ qstd::tArray<char> cString::toUTF8() const {
 }
 
 void cString::toUTF8(qstd::tArray<char>& out) const { cEnDecUTF8::defaultEnDec().encode(*this, out); }
-
-cString& cString::fromUTF8(const char* bytes, unsigned int length) {
-  const qstd::tConstMemoryProxy<char> memory(bytes, length);
-  return fromUTF8(qstd::tConstArrayRef<char>(memory));
-}
-
-unsigned int cString::toUTF8(char* buffer, unsigned int size) const {
-  return cEnDecUTF8::encode(data(true), this->size(), buffer, size);
-}
 
 cString& cString::fromUTF8(const qstd::tConstArrayRef<char>& bytes) {
   cString decoded;

@@ -61,12 +61,6 @@ public:
   // temporary first, so on a decode error the string keeps its content and
   // the decoder's exception propagates.
   cString& fromUTF8(const qstd::tConstArrayRef<char>& bytes);
-  // The same from bytes in memory the caller owns, without copying them.
-  cString& fromUTF8(const char* bytes, unsigned int length);
-  // UTF-8 into `buffer`, memory of the caller's (no terminating zero).
-  // Returns the length of the encoding; when that is more than `size`,
-  // nothing is written and the caller can try again with that much room.
-  unsigned int toUTF8(char* buffer, unsigned int size) const;
 
   // Numbers through cNumberConversion; without a format the system's default.
   cString& setNum(long long value);

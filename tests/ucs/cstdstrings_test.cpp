@@ -28,12 +28,13 @@ TEST_P(cStdStringsPaths, Utf8FromAndIntoTheCallersMemory) {
 
     // A buffer too short gets nothing and the length it needs.
     std::string buffer(expected.size() + 2, '~');
-    const unsigned int needed = s.toUTF8(&buffer[0], static_cast<unsigned int>(expected.size()) - (n ? 1 : 0));
+    const unsigned int needed =
+        cStdStrings::toUTF8(s, &buffer[0], static_cast<unsigned int>(expected.size()) - (n ? 1 : 0));
     EXPECT_EQ(needed, expected.size());
     if (n) {
       EXPECT_EQ(buffer, std::string(expected.size() + 2, '~'));
     }
-    EXPECT_EQ(s.toUTF8(&buffer[0], static_cast<unsigned int>(buffer.size())), expected.size());
+    EXPECT_EQ(cStdStrings::toUTF8(s, &buffer[0], static_cast<unsigned int>(buffer.size())), expected.size());
     EXPECT_EQ(buffer.substr(0, bytes.size()), bytes);
     EXPECT_EQ(buffer.substr(bytes.size()), "~~");
   }
@@ -41,9 +42,9 @@ TEST_P(cStdStringsPaths, Utf8FromAndIntoTheCallersMemory) {
 
 TEST(cStdStrings, Utf8ErrorsAreTheDecodersAndLeaveTheStringAlone) {
   cString s = text({0x41});
-  expectRuntime([&] { s.fromUTF8("\xC3", 1); }, "UTF8 decode error - unexpected end of data at index 1!");
+  expectRuntime([&] { s = cStdStrings::fromUTF8({"\xC3", 1}); }, "UTF8 decode error - unexpected end of data at index 1!");
   EXPECT_EQ(chars(s), V({0x41}));
-  s.fromUTF8("\xC3\xA9!", 3);
+  s = cStdStrings::fromUTF8({"\xC3\xA9!", 3});
   EXPECT_EQ(chars(s), V({0xE9, 0x21}));
   // Any endec decodes raw bytes; a view onto them is never copied first.
   cString out = text({0x7E});
