@@ -12,8 +12,6 @@
 
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractserializer.h"
-#include "qelcore/sa/cbinarybytes.h"
-#include "qelcore/sa/csbinarystorecontextdata.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
@@ -22,6 +20,7 @@
 
 namespace qsa {
 
+class cSBinaryStoreContextData;
 class cAbstractTypeReference;
 
 class QEL_EXPORT cSerializeBinary : public cAbstractSerializer, public cSerializeBinaryShared {
@@ -46,7 +45,7 @@ public:
   void store(const qstd::cAsciiString& value) final { storeAsciiChars(value.c_str(), value.size()); }
   // The fixed-width values are written inline; the format is fixed, so a
   // derived archive cannot change them.
-  void store(double value) final { putFixed(idDouble, binarybytes::doubleBits(value)); }
+  void store(double value) final { putFixed(idDouble, doubleBits(value)); }
   void store(bool value) final { putFixed(idBool, value ? 1u : 0u); }
   void store(long long value) final { putFixed(idInt64, static_cast<unsigned long long>(value)); }
   void store(unsigned long long value) final { putFixed(idUInt64, value); }
@@ -73,8 +72,8 @@ public:
     if (length > 0xFFFFFFFFu - 8) throwStringTooLong(length);
     const unsigned int pos = miPos;
     char* p = reserveFast(pos, 8 + length);
-    binarybytes::putTagged32(p, idAsciiString, length);
-    if (length) binarybytes::copyBytes(p + 8, chars, length);
+    putTagged32(p, idAsciiString, length);
+    if (length) copyBytes(p + 8, chars, length);
     miPos = pos + 8 + length;
   }
 
@@ -93,8 +92,10 @@ public:
 
   // The array written into, cut to the written bytes.
   qstd::tArray<char>& ownData();
-  // Rewrites the element at `position` (which must be of the same size) with
-  // the referenced value; the write position stays.
+  // Rewrites the element at `position` with the referenced value; the write
+  // position stays. The value must have the element's type and size (a value
+  // made of several elements, those of the elements that follow): otherwise
+  // the type mismatch or the patch size error is thrown and nothing changes.
   void patch(unsigned int position, const cAbstractTypeReference& value);
   unsigned int currentPos() const { return miPos; }
   void setStringStoreMode(StringStoreMode mode) { meStringStoreMode = mode; }
@@ -125,27 +126,27 @@ private:
   void putFixed(unsigned int id, unsigned char v) {
     const unsigned int pos = miPos;
     char* p = reserveFast(pos, 5);
-    binarybytes::put32(p, id);
+    put32(p, id);
     p[4] = static_cast<char>(v);
     miPos = pos + 5;
   }
   void putFixed(unsigned int id, unsigned short v) {
     const unsigned int pos = miPos;
     char* p = reserveFast(pos, 6);
-    binarybytes::put32(p, id);
-    binarybytes::put16(p + 4, v);
+    put32(p, id);
+    put16(p + 4, v);
     miPos = pos + 6;
   }
   void putFixed(unsigned int id, unsigned int v) {
     const unsigned int pos = miPos;
     char* p = reserveFast(pos, 8);
-    binarybytes::putTagged32(p, id, v);
+    putTagged32(p, id, v);
     miPos = pos + 8;
   }
   void putFixed(unsigned int id, unsigned long long v) {
     const unsigned int pos = miPos;
     char* p = reserveFast(pos, 12);
-    binarybytes::putTagged64(p, id, v);
+    putTagged64(p, id, v);
     miPos = pos + 12;
   }
   template <class T>
@@ -156,13 +157,14 @@ private:
     char* p = reserve(static_cast<unsigned long long>(size) * count);
     for (unsigned int i = 0; i < count; ++i, p += size) {
       if (sizeof(T) == 4)
-        binarybytes::putTagged32(p, id, static_cast<unsigned int>(binarybytes::bitsOf(values[i])));
+        putTagged32(p, id, static_cast<unsigned int>(bitsOf(values[i])));
       else
-        binarybytes::putTagged64(p, id, binarybytes::bitsOf(values[i]));
+        putTagged64(p, id, bitsOf(values[i]));
     }
     miPos += size * count;
   }
   [[noreturn]] static void throwStringTooLong(unsigned int n);
+  static unsigned long long elementEnd(const char* pData, unsigned int pos, unsigned int limit);
   void storeTypeId(unsigned int id);
   void storeRaw(const char* p, unsigned int n);
   void detachContexts();
