@@ -1,8 +1,13 @@
-// The UTF-8 and UTF-16 endecs against a plain scalar loop and iconv (and the
-// UTF-8 decoder against utf8cpp when its header was found), on 1 MiB
-// of pure ASCII and 1 MiB of mixed text (accented Latin, Cyrillic, CJK and
-// some characters outside the basic plane). All output buffers are reused, so
-// the loops measure conversion and not allocation.
+// The UTF-8 and UTF-16 endecs against a plain scalar loop and iconv, and
+// against utf8cpp (UTF-8 both ways) and ICU (characters to UTF-16) when they
+// are installed, on 1 MiB of pure ASCII and 1 MiB of mixed text (accented
+// Latin, Cyrillic, CJK and some characters outside the basic plane). All
+// output buffers are reused, so the loops measure conversion and not
+// allocation. Throughput is counted in bytes of the text's UTF-8 form for
+// every direction, so that the figures of one text compare.
+//
+// The _Portable runs are the endecs with the vector units switched off
+// (cCpuFeatures), as on a processor without AVX2.
 #include <cstdint>
 #include <cstring>
 #include <iconv.h>
@@ -12,7 +17,11 @@
 #ifdef QELBENCH_HAVE_UTF8CPP
 #include <utf8.h>
 #endif
+#ifdef QELBENCH_HAVE_ICU
+#include <unicode/ustring.h>
+#endif
 
+#include "qelcore/std/ccpufeatures.h"
 #include "qelcore/ucs/cendecutf16.h"
 #include "qelcore/ucs/cendecutf8.h"
 #include "qelcore/ucs/cstring.h"
@@ -202,6 +211,27 @@ void BM_EncodeUTF8_QEL(benchmark::State& state) {
   finish(state, kind);
 }
 
+void BM_EncodeUTF8_Portable(benchmark::State& state) {
+  qstd::cCpuFeatures::setVectorUnitsEnabled(false);
+  BM_EncodeUTF8_QEL(state);
+  qstd::cCpuFeatures::setVectorUnitsEnabled(true);
+}
+
+#ifdef QELBENCH_HAVE_UTF8CPP
+void BM_EncodeUTF8_Utf8cpp(benchmark::State& state) {
+  const Kind kind = static_cast<Kind>(state.range(0));
+  const cInput& in = input(kind);
+  std::vector<char> out(4 * in.utf32.size());
+  std::size_t k = 0;
+  for (auto _ : state) {
+    k = static_cast<std::size_t>(utf8::utf32to8(in.utf32.begin(), in.utf32.end(), out.data()) - out.data());
+    benchmark::DoNotOptimize(out.data());
+  }
+  if (k != in.utf8.size()) state.SkipWithError("wrong result");
+  finish(state, kind);
+}
+#endif
+
 void BM_EncodeUTF8_ScalarLoop(benchmark::State& state) {
   const Kind kind = static_cast<Kind>(state.range(0));
   const cInput& in = input(kind);
@@ -256,6 +286,34 @@ void BM_EncodeUTF16_QEL(benchmark::State& state) {
   finish(state, kind);
 }
 
+void BM_EncodeUTF16_Portable(benchmark::State& state) {
+  qstd::cCpuFeatures::setVectorUnitsEnabled(false);
+  BM_EncodeUTF16_QEL(state);
+  qstd::cCpuFeatures::setVectorUnitsEnabled(true);
+}
+
+#ifdef QELBENCH_HAVE_ICU
+// Native (little-endian) UTF-16 units from code points.
+void BM_EncodeUTF16_ICU(benchmark::State& state) {
+  const Kind kind = static_cast<Kind>(state.range(0));
+  const cInput& in = input(kind);
+  std::vector<UChar> out(2 * in.utf32.size());
+  const UChar32* src = reinterpret_cast<const UChar32*>(in.utf32.data());
+  for (auto _ : state) {
+    UErrorCode error = U_ZERO_ERROR;
+    std::int32_t length = 0;
+    u_strFromUTF32(out.data(), static_cast<std::int32_t>(out.size()), &length, src,
+                   static_cast<std::int32_t>(in.utf32.size()), &error);
+    if (U_FAILURE(error)) {
+      state.SkipWithError("ICU failed");
+      break;
+    }
+    benchmark::DoNotOptimize(out.data());
+  }
+  finish(state, kind);
+}
+#endif
+
 void BM_EncodeUTF16_ScalarLoop(benchmark::State& state) {
   const Kind kind = static_cast<Kind>(state.range(0));
   const cInput& in = input(kind);
@@ -298,9 +356,17 @@ BENCHMARK(BM_DecodeUTF8_Iconv)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_DecodeUTF8_Utf8cpp)->Arg(Ascii)->Arg(Mixed);
 #endif
 BENCHMARK(BM_EncodeUTF8_QEL)->Arg(Ascii)->Arg(Mixed);
+BENCHMARK(BM_EncodeUTF8_Portable)->Arg(Ascii)->Arg(Mixed);
+#ifdef QELBENCH_HAVE_UTF8CPP
+BENCHMARK(BM_EncodeUTF8_Utf8cpp)->Arg(Ascii)->Arg(Mixed);
+#endif
 BENCHMARK(BM_EncodeUTF8_ScalarLoop)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_EncodeUTF8_Iconv)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_EncodeUTF16_QEL)->Arg(Ascii)->Arg(Mixed);
+BENCHMARK(BM_EncodeUTF16_Portable)->Arg(Ascii)->Arg(Mixed);
+#ifdef QELBENCH_HAVE_ICU
+BENCHMARK(BM_EncodeUTF16_ICU)->Arg(Ascii)->Arg(Mixed);
+#endif
 BENCHMARK(BM_EncodeUTF16_ScalarLoop)->Arg(Ascii)->Arg(Mixed);
 BENCHMARK(BM_EncodeUTF16_Iconv)->Arg(Ascii)->Arg(Mixed);
 

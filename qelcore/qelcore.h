@@ -13,6 +13,7 @@
 #include "qelcore/std/cabstractexceptionfactory.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/ccallsite.h"
+#include "qelcore/std/ccpufeatures.h"
 #include "qelcore/std/cnumberconversion.h"
 #include "qelcore/std/cnumberconversionexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
@@ -43,6 +44,7 @@
 #include "qelcore/std/tautoptrref.h"
 #include "qelcore/std/tautoptrtype.h"
 #include "qelcore/std/tconstarrayref.h"
+#include "qelcore/std/tconstmemoryproxy.h"
 #include "qelcore/std/thash.h"
 #include "qelcore/std/tlist.h"
 #include "qelcore/std/tptrlist.h"
@@ -58,6 +60,7 @@
 #include "qelcore/ucs/clilocale.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/clitrtable.h"
+#include "qelcore/ucs/cstdstrings.h"
 #include "qelcore/ucs/cstring.h"
 #include "qelcore/ucs/cutf8stringtokenizer.h"
 
@@ -94,6 +97,7 @@
 #include "qelcore/sa/cserializetotypestring.h"
 #include "qelcore/sa/ctypereference.h"
 #include "qelcore/sa/pitypes.h"
+#include "qelcore/sa/stdstrings.h"
 
 // rmi: signals and slots
 #include "qelcore/rmi/cabstractboundcall.h"
@@ -103,7 +107,9 @@
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/ccallparametermissmatchexception.h"
 #include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cconnection.h"
 #include "qelcore/rmi/cdirectlocalslotcalln.h"
+#include "qelcore/rmi/cfunctorslotcalln.h"
 #include "qelcore/rmi/cindirectlazyslotcalln.h"
 #include "qelcore/rmi/cindirectresolvingslotcalln.h"
 #include "qelcore/rmi/cnosuchsignalexception.h"

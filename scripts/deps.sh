@@ -9,7 +9,8 @@ want=${1:-all}
 pkgs=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev valgrind graphviz)
 case "$want" in
   linux) ;;
-  bench) pkgs+=(libboost-dev libboost-serialization-dev libcereal-dev libsigc++-3.0-dev libutfcpp-dev) ;;
+  bench) pkgs+=(libboost-dev libboost-serialization-dev libcereal-dev libsigc++-3.0-dev libutfcpp-dev libfmt-dev
+                libfast-float-dev libicu-dev) ;;
   *) pkgs+=(mingw-w64 wine64 wine) ;;
 esac
 

@@ -2,18 +2,24 @@
 
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cconnection.h"
 #include "qelcore/rmi/cpublicslot.h"
 #include "qelcore/rmi/crmiexceptions.h"
 
 namespace qrmi {
 
 cAbstractSlotCall::cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal)
-    : mpObject(&object), mpSignal(signal), mpPublicSlot(nullptr), mbAttached(false) {}
+    : mpObject(&object), mpSignal(signal), mpPublicSlot(nullptr), mbAttached(false), mpHandle(nullptr) {}
 
 cAbstractSlotCall::cAbstractSlotCall(const cAbstractSlotCall& other)
-    : mpObject(other.mpObject), mpSignal(other.mpSignal), mpPublicSlot(other.mpPublicSlot), mbAttached(false) {}
+    : mpObject(other.mpObject),
+      mpSignal(other.mpSignal),
+      mpPublicSlot(other.mpPublicSlot),
+      mbAttached(false),
+      mpHandle(nullptr) {}
 
 cAbstractSlotCall::~cAbstractSlotCall() {
+  if (mpHandle) mpHandle->mpCall = nullptr;
   if (mbAttached) mpObject->notifySignalDetached(*mpSignal);
 }
 

@@ -18,6 +18,7 @@ class cReferenceFrame;
 namespace qrmi {
 
 class cConnectable;
+class cConnection;
 class cAbstractSignal;
 class cPublicSlot;
 class QEL_EXPORT cAbstractSlotCall {
@@ -57,6 +58,7 @@ public:
 
 private:
   friend class cAbstractSignal;
+  friend class cConnection;
 
   cConnectable* mpObject;
   cAbstractSignal* mpSignal;
@@ -64,6 +66,9 @@ private:
   // The receiver holds an entry for mpSignal on behalf of this slot call:
   // set when the signal took the slot call over.
   bool mbAttached;
+  // The handle that connect() gave out for this slot call, if it still
+  // exists; told when the slot call is destroyed.
+  cConnection* mpHandle;
 };
 
 }  // namespace qrmi

@@ -14,6 +14,11 @@
 //
 // The signal owns one slot call per connection. A receiver's destruction
 // removes its slot calls; the signal's destruction destroys all of them.
+// connect() returns a handle (tConnection) that can end that one connection.
+// Slots may also be member functions declared void (signals with result
+// piVoid), and lambdas or functions that belong to a receiver:
+//
+//   door.sigOpened.connect(bell, [&bell](int times) { bell.ring(times); });
 //
 // Declaring a signal needs this header only; publishing slots by name
 // (registerPublicSlot) is in cindirectresolvingslotcalln.h.
@@ -26,7 +31,9 @@
 #include "qelcore/rmi/cabstractsignal.h"
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cconnection.h"
 #include "qelcore/rmi/cdirectlocalslotcalln.h"
+#include "qelcore/rmi/cfunctorslotcalln.h"
 #include "qelcore/rmi/crmiexceptions.h"
 #include "qelcore/rmi/ttypestring.h"
 #include "qelcore/std/tautoptr.h"
@@ -56,17 +63,44 @@ public:
     for (tSlotCall* call : calls) delete call;
   }
 
-  // Connects `method` of `object`; returns the new connection (owned by the
-  // signal). The same pair may be connected more than once.
+  // Connects `method` of `object`; returns a handle to the new connection
+  // (which the signal owns; see tConnection). The same pair may be connected
+  // more than once.
   template <class T>
-  tSlotCall& connect(T& object, R (T::*method)(A...)) {
+  tConnection<tSlotCall> connect(T& object, R (T::*method)(A...)) {
     return take(new cDirectLocalSlotCallN<T, R, A...>(object, method, this));
+  }
+  // A slot declared void, for a signal without result (R is piVoid).
+  template <class T>
+  tConnection<tSlotCall> connect(T& object, void (T::*method)(A...)) {
+    static_assert(std::is_same<R, qsa::piVoid>::value, "a slot declared void needs a signal whose result is piVoid");
+    return take(new cFunctorSlotCallN<tVoidMethod<T, A...>, R, A...>(object, tVoidMethod<T, A...>{&object, method}, this));
+  }
+  // A lambda or plain function that belongs to `owner`: the connection ends
+  // with the owner, as for its member functions. Its result must convert to
+  // R, or be void (then the default R).
+  template <class F, class = std::enable_if_t<std::is_invocable<std::decay_t<F>&, A...>::value>>
+  tConnection<tSlotCall> connect(cConnectable& owner, F&& function) {
+    typedef std::decay_t<F> tFunction;
+    return take(new cFunctorSlotCallN<tFunction, R, A...>(owner, static_cast<F&&>(function), this));
   }
   // Takes over a slot call created elsewhere (for example one that calls a
   // public slot by name), whichever signal it was made for.
-  tSlotCall& connect(qstd::tAutoPtr<tSlotCall> slot) {
+  tConnection<tSlotCall> connect(qstd::tAutoPtr<tSlotCall> slot) {
     QEL_ASSERT(slot.get() != 0, "rmi/localsignaln");
     return take(slot.release());
+  }
+  // Removes and destroys one connection of this signal; false when `call`
+  // is none of them.
+  bool disconnect(const tSlotCall& call) {
+    for (std::size_t i = 0; i < mvSlots.size(); ++i)
+      if (mvSlots[i] == &call) {
+        tSlotCall* doomed = mvSlots[i];
+        mvSlots.erase(mvSlots.begin() + static_cast<std::ptrdiff_t>(i));
+        delete doomed;
+        return true;
+      }
+    return false;
   }
 
   bool disconnectObject(const cConnectable& object) override { return removeSlotsOf(object); }
@@ -164,7 +198,7 @@ private:
     cEmissionLink& mLink;
   };
   // Stores `call` (owned from here on) as the last connection.
-  tSlotCall& take(tSlotCall* call) {
+  tConnection<tSlotCall> take(tSlotCall* call) {
     try {
       mvSlots.reserve(mvSlots.size() + 1);
       adopt(*call);
@@ -173,7 +207,10 @@ private:
       throw;
     }
     mvSlots.push_back(call);
-    return *call;
+    return tConnection<tSlotCall>(*call, &removeSlotCall);
+  }
+  static bool removeSlotCall(cAbstractSignal& signal, cAbstractSlotCall& call) {
+    return static_cast<localSignalN&>(signal).disconnect(static_cast<const tSlotCall&>(call));
   }
   bool removeSlotsOf(const cConnectable& object) {
     bool removed = false;

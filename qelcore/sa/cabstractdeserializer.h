@@ -12,6 +12,7 @@
 #define QELCORE_SA_CABSTRACTDESERIALIZER_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
 #include "qelcore/sa/cpositionguard.h"
@@ -127,6 +128,17 @@ inline cAbstractDeserializer& operator<<(bool& v, cAbstractDeserializer& d) {
   d.load(v);
   return d;
 }
+// The other standard integer types by their width (see cabstractserializer.h).
+template <class I, class D>
+inline D& loadByWidth(I& v, D& d) {
+  tByWidth<I> x;
+  d.load(x);
+  v = static_cast<I>(x);
+  return d;
+}
+inline cAbstractDeserializer& operator<<(signed char& v, cAbstractDeserializer& d) { return loadByWidth(v, d); }
+inline cAbstractDeserializer& operator<<(long& v, cAbstractDeserializer& d) { return loadByWidth(v, d); }
+inline cAbstractDeserializer& operator<<(unsigned long& v, cAbstractDeserializer& d) { return loadByWidth(v, d); }
 // A byte array is loaded as one block.
 inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeserializer& d) {
   d.loadBlock(v);

@@ -7,6 +7,8 @@
 #ifndef QELCORE_SA_CABSTRACTSERIALIZER_H
 #define QELCORE_SA_CABSTRACTSERIALIZER_H
 
+#include <type_traits>
+
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
@@ -120,6 +122,18 @@ inline cAbstractSerializer& operator>>(unsigned long long v, cAbstractSerializer
 inline cAbstractSerializer& operator>>(bool v, cAbstractSerializer& s) {
   s.store(v);
   return s;
+}
+// The other standard integer types (signed char; long and unsigned long, which std::int64_t, std::size_t and their
+// kin are on some platforms) go as the fixed-width type of their width and signedness: a long is a piInt64 where it
+// has 64 bits and a piInt32 where it has 32. Loading reads the same type.
+template <class I, bool Signed = std::is_signed<I>::value>
+using tByWidth = std::conditional_t<sizeof(I) == 1, char,
+                                    std::conditional_t<sizeof(I) == 4, std::conditional_t<Signed, int, unsigned int>,
+                                                       std::conditional_t<Signed, long long, unsigned long long>>>;
+inline cAbstractSerializer& operator>>(signed char v, cAbstractSerializer& s) { return static_cast<char>(v) >> s; }
+inline cAbstractSerializer& operator>>(long v, cAbstractSerializer& s) { return static_cast<tByWidth<long>>(v) >> s; }
+inline cAbstractSerializer& operator>>(unsigned long v, cAbstractSerializer& s) {
+  return static_cast<tByWidth<unsigned long>>(v) >> s;
 }
 // A byte array is stored as one block.
 inline cAbstractSerializer& operator>>(const qstd::tArray<char>& v, cAbstractSerializer& s) {

@@ -156,12 +156,20 @@ const char* cDeserializeBinary::loadFixedDirect(unsigned int id, unsigned int n)
 
 // A string behind labels, or a failure (the inline path took the rest).
 void cDeserializeBinary::loadAsciiString(qstd::cAsciiString& value) {
+  const char* p = nullptr;
+  unsigned int n = 0;
+  loadAsciiChars(p, n);
+  value.setData(p, n);
+}
+
+void cDeserializeBinary::loadAsciiChars(const char*& chars, unsigned int& length) {
   cPositionGuard guard(miPos);
   expectTypeId(idAsciiString);
   const unsigned int n = loadU32();
   const char* p = loadRaw(n);
-  value.setData(p, n);
   guard.commit();
+  chars = p;
+  length = n;
 }
 
 void cDeserializeBinary::load(qucs::cString& value) {

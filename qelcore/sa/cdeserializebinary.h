@@ -79,6 +79,12 @@ public:
   void loadValues(unsigned long long* values, unsigned int count) { getValues(idUInt64, values, count); }
   void loadValues(double* values, unsigned int count) { getValues(idDouble, values, count); }
 
+  // Reads the next ASCII string element without copying it: `chars` points
+  // at its bytes inside the data being read (valid while that data is, and
+  // not terminated), `length` is their number. For callers that keep text in
+  // a string type of their own (see stdstrings.h).
+  void loadAsciiChars(const char*& chars, unsigned int& length);
+
   // Where the bytes of the next block start and how many there are; moves nothing.
   void getNextBlockInfo(unsigned int& position, unsigned long long& size);
 
@@ -244,6 +250,10 @@ inline cDeserializeBinary& operator<<(bool& v, cDeserializeBinary& d) {
   d.load(v);
   return d;
 }
+// The other standard integer types by their width (see cabstractserializer.h).
+inline cDeserializeBinary& operator<<(signed char& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
+inline cDeserializeBinary& operator<<(long& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
+inline cDeserializeBinary& operator<<(unsigned long& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
 inline cDeserializeBinary& operator<<(qstd::cAsciiString& v, cDeserializeBinary& d) {
   d.load(v);
   return d;

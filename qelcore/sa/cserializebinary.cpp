@@ -50,12 +50,13 @@ char* cSerializeBinary::reserve(unsigned long long n) {
       qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "storeRaw", qstd::OutOfRangeSize,
                                             static_cast<long long>(need), 0, 0xFFFFFFFFll);
     if (need > mrData._poolSize()) {
-      // The array grows in sectors of 2^growStep; a sector of about half the
-      // new size makes the growth geometric, so long archives are not copied
-      // over and over.
+      // The array grows in sectors of 2^growStep; a sector of at least half
+      // the new size makes the pool the next power of two, so a growing
+      // archive doubles and is copied only a few times, and the stores in
+      // between append inline (reserveFast).
       const unsigned int oldStep = mrData.growStep();
       unsigned int step = 5;
-      while (step < 30 && (1ull << (step + 1)) <= need) ++step;
+      while (step < 30 && (1ull << (step + 1)) < need) ++step;
       if (step > (oldStep & 31)) mrData.setGrowStep(step);
       try {
         mrData.appendElements(static_cast<unsigned int>(need) - size);

@@ -41,15 +41,8 @@ public:
 
   void storeBlock(const char* pData, unsigned int iSize) override;
   void store(const qucs::cString& value) override;
-  void store(const qstd::cAsciiString& value) final {
-    const unsigned int n = value.size();
-    if (n > 0xFFFFFFFFu - 8) throwStringTooLong(n);
-    // One reservation for the whole element: nothing can fail after it.
-    char* p = reserveFast(8 + n);
-    putTagged32(p, idAsciiString, n);
-    copyBytes(p + 8, value.c_str(), n);
-    miPos += 8 + n;
-  }
+  // One reservation for the whole element: nothing can fail after it.
+  void store(const qstd::cAsciiString& value) final { storeAsciiChars(value.c_str(), value.size()); }
   // The fixed-width values are written inline; the format is fixed, so a
   // derived archive cannot change them.
   void store(double value) final { putFixed(idDouble, doubleBits(value)); }
@@ -72,6 +65,17 @@ public:
   void storeValues(const long long* values, unsigned int count) { putValues(idInt64, values, count); }
   void storeValues(const unsigned long long* values, unsigned int count) { putValues(idUInt64, values, count); }
   void storeValues(const double* values, unsigned int count) { putValues(idDouble, values, count); }
+
+  // An ASCII string element from characters that are not in a cAsciiString
+  // (see stdstrings.h): the same bytes as store(const cAsciiString&).
+  void storeAsciiChars(const char* chars, unsigned int length) {
+    if (length > 0xFFFFFFFFu - 8) throwStringTooLong(length);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 8 + length);
+    putTagged32(p, idAsciiString, length);
+    if (length) copyBytes(p + 8, chars, length);
+    miPos = pos + 8 + length;
+  }
 
   // Back to the first element of the open context, or of the archive.
   void rewind() override;
@@ -103,32 +107,47 @@ private:
 
   // Makes room for n bytes at the write position; returns where they go.
   char* reserve(unsigned long long n);
-  char* reserveFast(unsigned int n) {
-    const unsigned int end = miPos + n;
-    if (end >= miPos && end <= mrData.size()) return mrData.begin() + miPos;
+  // Room for n bytes at `pos`, the write position. Inline for the two
+  // common cases: overwriting inside the written bytes, and appending while
+  // the array's pool has room (the pool grows geometrically in reserve(), so
+  // that is nearly always). Everything else goes out of line. The callers
+  // pass the position in and write it back themselves, which keeps it in a
+  // register while the array's size is updated.
+  char* reserveFast(unsigned int pos, unsigned int n) {
+    const unsigned int end = pos + n;
+    const unsigned int size = mrData.size();
+    if (end <= size && end >= pos) return mrData.begin() + pos;
+    if (pos == size && mrData._poolSize() - size >= n) {
+      mrData.appendElements(n);  // within the pool: no allocation
+      return mrData.begin() + pos;
+    }
     return reserve(n);
   }
   void putFixed(unsigned int id, unsigned char v) {
-    char* p = reserveFast(5);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 5);
     put32(p, id);
     p[4] = static_cast<char>(v);
-    miPos += 5;
+    miPos = pos + 5;
   }
   void putFixed(unsigned int id, unsigned short v) {
-    char* p = reserveFast(6);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 6);
     put32(p, id);
     put16(p + 4, v);
-    miPos += 6;
+    miPos = pos + 6;
   }
   void putFixed(unsigned int id, unsigned int v) {
-    char* p = reserveFast(8);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 8);
     putTagged32(p, id, v);
-    miPos += 8;
+    miPos = pos + 8;
   }
   void putFixed(unsigned int id, unsigned long long v) {
-    char* p = reserveFast(12);
+    const unsigned int pos = miPos;
+    char* p = reserveFast(pos, 12);
     putTagged64(p, id, v);
-    miPos += 12;
+    miPos = pos + 12;
   }
   template <class T>
   void putValues(unsigned int id, const T* values, unsigned int count) {
@@ -197,6 +216,12 @@ inline cSerializeBinary& operator>>(unsigned long long v, cSerializeBinary& s) {
 inline cSerializeBinary& operator>>(bool v, cSerializeBinary& s) {
   s.store(v);
   return s;
+}
+// The other standard integer types by their width (see cabstractserializer.h).
+inline cSerializeBinary& operator>>(signed char v, cSerializeBinary& s) { return static_cast<char>(v) >> s; }
+inline cSerializeBinary& operator>>(long v, cSerializeBinary& s) { return static_cast<tByWidth<long>>(v) >> s; }
+inline cSerializeBinary& operator>>(unsigned long v, cSerializeBinary& s) {
+  return static_cast<tByWidth<unsigned long>>(v) >> s;
 }
 inline cSerializeBinary& operator>>(const qstd::cAsciiString& v, cSerializeBinary& s) {
   s.store(v);

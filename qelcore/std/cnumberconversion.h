@@ -2,7 +2,12 @@
 // cNumberConversionFormat (the system's default when none is given).
 //
 // Text forms exist for cAsciiString, cString and byte arrays; the appending
-// forms add to what the target already holds.
+// forms add to what the target already holds. toChars writes into a buffer
+// of the caller's:
+//
+//   char buf[32];
+//   unsigned int n = cNumberConversion::toChars(value, buf, sizeof buf);
+//   if (n <= sizeof buf) use(buf, n);   // no terminating zero is written
 #ifndef QELCORE_STD_CNUMBERCONVERSION_H
 #define QELCORE_STD_CNUMBERCONVERSION_H
 
@@ -50,6 +55,19 @@ public:
     appendAny(value, out, format);
   }
 
+  // Integer or double to text in `buffer` (no terminating zero). Returns the
+  // length of the text; when that is more than `size`, nothing is written and
+  // the caller can try again with that much room.
+  template <typename I>
+  static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value, unsigned int>::type
+  toChars(I value, char* buffer, unsigned int size,
+          const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
+    if (std::is_signed<I>::value) return signedToChars(static_cast<long long>(value), buffer, size, format);
+    return unsignedToChars(static_cast<unsigned long long>(value), buffer, size, format);
+  }
+  static unsigned int toChars(double value, char* buffer, unsigned int size,
+                              const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+
   static void appendSigned(long long value, cAsciiString& out, const cNumberConversionFormat& format);
   static void appendSigned(long long value, qucs::cString& out, const cNumberConversionFormat& format);
   static void appendSigned(long long value, tByteArray& out, const cNumberConversionFormat& format);
@@ -68,6 +86,10 @@ public:
                                  const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
 
 private:
+  static unsigned int signedToChars(long long value, char* buffer, unsigned int size,
+                                    const cNumberConversionFormat& format);
+  static unsigned int unsignedToChars(unsigned long long value, char* buffer, unsigned int size,
+                                      const cNumberConversionFormat& format);
   template <typename I, typename Out>
   static void appendAny(I value, Out& out, const cNumberConversionFormat& format) {
     if (std::is_signed<I>::value)

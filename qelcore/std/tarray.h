@@ -243,15 +243,15 @@ public:
   // Grows by `n` elements of unspecified content; returns the old size.
   unsigned int appendElements(unsigned int n) {
     const unsigned int at = miSize;
-    arrayops::checkGrowth("tArray", "appendElements", at, n);
-    if (miPoolSize >= at + n) {
+    if (QELCORE_STD_TARRAY_LIKELY(miPoolSize - at >= n)) {
       miSize = at + n;
       if (Traits::Terminated) {
         mpPool[at + n] = T();
       }
-    } else {
-      resizePool(at + n, false);
+      return at;
     }
+    arrayops::checkGrowth("tArray", "appendElements", at, n);
+    resizePool(at + n, false);
     return at;
   }
   unsigned int appendElements(unsigned int n, const T& fillValue) {

@@ -1,5 +1,6 @@
 #include "qelcore/ucs/cabstractendec.h"
 
+#include "qelcore/std/tconstmemoryproxy.h"
 #include "qelcore/ucs/cstring.h"
 #include "qelcore/ucs/cucsexceptions.h"
 
@@ -31,5 +32,15 @@ void cAbstractEnDec::decode(const qstd::tConstArrayRef<char>&, cString&) const {
 }
 
 void cAbstractEnDec::reDecode(const cString&, cString&) const {}
+
+void cAbstractEnDec::decode(const char* bytes, unsigned int length, cString& out) const {
+  const qstd::tConstMemoryProxy<char> memory(bytes, length);
+  decode(qstd::tConstArrayRef<char>(memory), out);
+}
+
+void cAbstractEnDec::decode(const unsigned short* units, unsigned int count, cString& out) const {
+  const qstd::tConstMemoryProxy<unsigned short> memory(units, count);
+  decode(qstd::tConstArrayRef<unsigned short>(memory), out);
+}
 
 }  // namespace qucs

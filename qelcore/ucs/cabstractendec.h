@@ -38,6 +38,12 @@ public:
   // From bytes.
   virtual void decode(const qstd::tConstArrayRef<char>& bytes, cString& out) const;
   virtual void reDecode(const cString& text, cString& out) const;
+
+  // From bytes in memory the caller owns, without copying them into an
+  // array first: the same as decode() of a view onto them.
+  void decode(const char* bytes, unsigned int length, cString& out) const;
+  // The same for 16-bit units: decode() of a view onto them.
+  void decode(const unsigned short* units, unsigned int count, cString& out) const;
 };
 
 }  // namespace qucs

@@ -37,6 +37,15 @@ public:
   void encode(const cString& text, qstd::tArray<char>& out) const override;
   void decode(const qstd::tConstArrayRef<char>& bytes, cString& out) const override;
 
+  // Units from and to memory the caller owns, in the same order as the unit
+  // forms above: the machine's, swapped with FlagBigEndian. Encoding returns
+  // the number of units of the encoding (the mark included); when that is
+  // more than `size`, nothing is written and the caller can try again with
+  // that much room. Decoding reads `count` units (a mark first when the
+  // flags ask for one) without copying them.
+  unsigned int encode(const unsigned int* chars, unsigned int count, unsigned short* buffer, unsigned int size) const;
+  void decodeUnits(const unsigned short* units, unsigned int count, cString& out) const;
+
   // The 16-bit encoding followed by one zero unit.
   virtual void encodeCString(const cString& text, qstd::tArray<unsigned short>& out) const;
   // Decodes zero-terminated units: a leading 0xFEFF means the machine's order,

@@ -4,12 +4,17 @@
 #include <cstdint>
 #include <cstring>
 
+#include "qelcore/std/ccpufeatures.h"
 #include "qelcore/std/cstdexceptions.h"
 
 #if defined(__GNUC__)
 #define QEL_NOINLINE __attribute__((noinline))
+// The output never overlaps the characters: saying so lets the compiler
+// keep them in registers across the byte stores.
+#define QEL_RESTRICT __restrict__
 #else
 #define QEL_NOINLINE
+#define QEL_RESTRICT
 #endif
 #include "qelcore/ucs/cstring.h"
 #include "qelcore/ucs/cucsexceptions.h"
@@ -68,28 +73,15 @@ inline unsigned char* writeChar(std::uint32_t c, unsigned char* dst) {
     dst[2] = static_cast<unsigned char>(0x80u | (c & 0x3Fu));
     return dst + 3;
   }
+  if (c < 200000u) {
+    dst[0] = static_cast<unsigned char>(0xF0u | (c >> 18));
+    dst[1] = static_cast<unsigned char>(0x80u | ((c >> 12) & 0x3Fu));
+    dst[2] = static_cast<unsigned char>(0x80u | ((c >> 6) & 0x3Fu));
+    dst[3] = static_cast<unsigned char>(0x80u | (c & 0x3Fu));
+    return dst + 4;
+  }
   const unsigned int len = encodedLength(c);
   writeSequence(c, len, dst);
-  return dst + len;
-}
-
-// As writeChar for characters below 200000, with at least four bytes of
-// room at `dst`: always stores four bytes (those behind the sequence are
-// overwritten later) and chooses the form without a branch, since in mixed
-// text the length changes too often for branches to be predicted.
-inline unsigned char* writeCharNoBranch(std::uint32_t c, unsigned char* dst) {
-  const unsigned int len = 1u + (c >= 0x80u) + (c >= 0x800u) + (c >= 0x10000u);
-  const std::uint32_t c0 = 0x80u | (c & 0x3Fu), c1 = 0x80u | ((c >> 6) & 0x3Fu), c2 = 0x80u | ((c >> 12) & 0x3Fu);
-  // First byte lowest.
-  const std::uint32_t w2 = (0xC0u | (c >> 6)) | (c0 << 8);
-  const std::uint32_t w3 = (0xE0u | (c >> 12)) | (c1 << 8) | (c0 << 16);
-  const std::uint32_t w4 = (0xF0u | (c >> 18)) | (c2 << 8) | (c1 << 16) | (c0 << 24);
-  const std::uint32_t forms[4] = {c, w2, w3, w4};
-  const std::uint32_t w = forms[len - 1];
-  dst[0] = static_cast<unsigned char>(w);
-  dst[1] = static_cast<unsigned char>(w >> 8);
-  dst[2] = static_cast<unsigned char>(w >> 16);
-  dst[3] = static_cast<unsigned char>(w >> 24);
   return dst + len;
 }
 
@@ -142,13 +134,7 @@ struct cPackTable {
 };
 constexpr cPackTable PackTable;
 
-bool haveBlockDecoder() {
-  static const bool yes = [] {
-    __builtin_cpu_init();
-    return __builtin_cpu_supports("avx2") != 0;
-  }();
-  return yes;
-}
+bool haveBlockDecoder() { return qstd::cCpuFeatures::avx2(); }
 
 // Decodes sixteen-byte blocks from `p` while at least sixteen bytes are left
 // and returns where it stopped; `d` advances over the characters written.
@@ -349,14 +335,21 @@ unsigned int decodeBytes(const unsigned char* src, unsigned int n, std::uint32_t
   return done;
 }
 
-const unsigned int ChunkChars = 1024;
+// Characters are encoded a chunk at a time, while the chunk is in the cache.
+const unsigned int ChunkChars = 4096;
+const unsigned int PortableChunkChars = 1024;
 
-// Encodes `n` characters (at most ChunkChars) into `dst`, which has room for
-// five bytes a character plus eight, and returns the number of bytes.
-unsigned int encodeChunk(const std::uint32_t* src, unsigned int n, unsigned char* dst) {
-  unsigned char* const start = dst;
-  const std::uint32_t* p = src;
-  const std::uint32_t* const end = src + n;
+// The bytes that `n` characters need. Branch-free, so that the compiler can
+// use vector instructions.
+unsigned int countBytes(const std::uint32_t* src, unsigned int n) {
+  unsigned int total = 0;
+  for (unsigned int i = 0; i < n; ++i) total += encodedLength(src[i]);
+  return total;
+}
+
+// Encodes the characters from `p` to `end` into `dst`, which has the room
+// they need, and returns the position behind them.
+unsigned char* encodeChars(const std::uint32_t* p, const std::uint32_t* end, unsigned char* dst) {
   // Blocks of eight characters: plain ASCII ones are narrowed at once, the
   // others character by character.
   while (end - p >= 8) {
@@ -366,13 +359,132 @@ unsigned int encodeChunk(const std::uint32_t* src, unsigned int n, unsigned char
       for (unsigned int j = 0; j < 8; ++j) dst[j] = static_cast<unsigned char>(p[j]);
       dst += 8;
     } else {
-      for (unsigned int j = 0; j < 8; ++j) dst = p[j] < 200000u ? writeCharNoBranch(p[j], dst) : writeChar(p[j], dst);
+      for (unsigned int j = 0; j < 8; ++j) dst = writeChar(p[j], dst);
     }
     p += 8;
   }
   while (p != end) dst = writeChar(*p++, dst);
-  return static_cast<unsigned int>(dst - start);
+  return dst;
 }
+
+#ifdef QEL_UTF8_BLOCKS
+
+// For four characters of one to four bytes each (two bits per character:
+// the length less one, first character lowest), the shuffle that gathers
+// their sequences, first byte first, from the 32-bit lanes in which the
+// sequences stand last byte first; and the number of bytes.
+struct cGatherTable {
+  unsigned char shuffle[256][16];
+  unsigned char length[256];
+  constexpr cGatherTable() : shuffle{}, length{} {
+    for (unsigned int index = 0; index < 256; ++index) {
+      unsigned int n = 0;
+      for (unsigned int lane = 0; lane < 4; ++lane) {
+        const unsigned int len = ((index >> (2 * lane)) & 3u) + 1;
+        for (unsigned int k = len; k-- > 0;) shuffle[index][n++] = static_cast<unsigned char>(4 * lane + k);
+      }
+      length[index] = static_cast<unsigned char>(n);
+      for (unsigned int i = n; i < 16; ++i) shuffle[index][i] = 0x80;
+    }
+  }
+};
+constexpr cGatherTable GatherTable;
+
+__attribute__((target("avx2"))) unsigned int countBytesAvx2(const std::uint32_t* src, unsigned int n) {
+  // As encodedLength: the thresholds compared after dropping six bits.
+  const __m256i t1 = _mm256_set1_epi32(1), t2 = _mm256_set1_epi32(31), t3 = _mm256_set1_epi32(1023),
+                t4 = _mm256_set1_epi32(3124);
+  __m256i extra = _mm256_setzero_si256();
+  unsigned int i = 0;
+  for (; n - i >= 8; i += 8) {
+    const __m256i t = _mm256_srli_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(src + i)), 6);
+    extra = _mm256_sub_epi32(extra, _mm256_add_epi32(_mm256_add_epi32(_mm256_cmpgt_epi32(t, t1), _mm256_cmpgt_epi32(t, t2)),
+                                                     _mm256_add_epi32(_mm256_cmpgt_epi32(t, t3), _mm256_cmpgt_epi32(t, t4))));
+  }
+  const __m128i sum4 = _mm_add_epi32(_mm256_castsi256_si128(extra), _mm256_extracti128_si256(extra, 1));
+  const __m128i sum2 = _mm_add_epi32(sum4, _mm_shuffle_epi32(sum4, 0x4E));
+  const __m128i sum1 = _mm_add_epi32(sum2, _mm_shuffle_epi32(sum2, 0xB1));
+  return i + static_cast<unsigned int>(_mm_cvtsi128_si32(sum1)) + countBytes(src + i, n - i);
+}
+
+// As encodeChars, eight characters at a time (thirty-two while they are
+// ASCII). Each character below 200000 is put into its 32-bit lane as its
+// sequence, last byte lowest: the six-bit groups of the character in the
+// low bytes, with the marker bits of its length (0x80 for a continuation
+// byte, 0xC0, 0xE0 or 0xF0 for the first byte) over them. A shuffle per four
+// characters then gathers the sequences in order. Blocks with longer
+// characters go byte by byte.
+__attribute__((target("avx2"))) unsigned char* encodeCharsAvx2(const std::uint32_t* p, const std::uint32_t* end,
+                                                                unsigned char* dst, const unsigned char* limit) {
+  const __m256i notAscii = _mm256_set1_epi32(~0x7F);
+  const __m256i max2 = _mm256_set1_epi32(0x7F), max3 = _mm256_set1_epi32(0x7FF), max4 = _mm256_set1_epi32(0xFFFF);
+  const __m256i last5 = _mm256_set1_epi32(199999);
+  const __m256i group0 = _mm256_set1_epi32(0x3F), group1 = _mm256_set1_epi32(0x3F00),
+                group2 = _mm256_set1_epi32(0x3F0000);
+  const __m256i marker2 = _mm256_set1_epi32(0xC080), marker3 = _mm256_set1_epi32(0xC080 ^ 0xE08080),
+                marker4 = _mm256_set1_epi32(static_cast<int>(0xE08080u ^ 0xF0808080u));
+  const __m256i laneShift = _mm256_setr_epi32(0, 2, 4, 6, 0, 2, 4, 6);
+  const __m256i narrowOrder = _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7);
+  const __m256i zero = _mm256_setzero_si256();
+  while (end - p >= 8 && limit - dst >= 32) {
+    const __m256i c = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    if (_mm256_testz_si256(c, notAscii)) {
+      if (end - p >= 32) {
+        const __m256i b = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 8));
+        const __m256i d = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 16));
+        const __m256i e = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 24));
+        if (_mm256_testz_si256(_mm256_or_si256(b, _mm256_or_si256(d, e)), notAscii)) {
+          // Packing works within each half; the last permutation puts the
+          // four-byte groups back in order.
+          const __m256i bytes =
+              _mm256_packus_epi16(_mm256_packus_epi32(c, b), _mm256_packus_epi32(d, e));
+          _mm256_storeu_si256(reinterpret_cast<__m256i*>(dst), _mm256_permutevar8x32_epi32(bytes, narrowOrder));
+          p += 32;
+          dst += 32;
+          continue;
+        }
+      }
+      const __m256i words = _mm256_packus_epi32(c, c);
+      const __m256i bytes = _mm256_permutevar8x32_epi32(_mm256_packus_epi16(words, words), narrowOrder);
+      _mm_storel_epi64(reinterpret_cast<__m128i*>(dst), _mm256_castsi256_si128(bytes));
+      p += 8;
+      dst += 8;
+      continue;
+    }
+    // Five-byte characters (compared unsigned) go one by one.
+    if (_mm256_movemask_epi8(_mm256_cmpeq_epi32(_mm256_max_epu32(c, last5), last5)) != -1) {
+      for (unsigned int j = 0; j < 8; ++j) dst = writeChar(p[j], dst);
+      p += 8;
+      continue;
+    }
+    const __m256i m2 = _mm256_cmpgt_epi32(c, max2), m3 = _mm256_cmpgt_epi32(c, max3), m4 = _mm256_cmpgt_epi32(c, max4);
+    const __m256i groups =
+        _mm256_or_si256(_mm256_or_si256(_mm256_and_si256(c, group0), _mm256_and_si256(_mm256_slli_epi32(c, 2), group1)),
+                        _mm256_and_si256(_mm256_slli_epi32(c, 4), group2));
+    const __m256i marker = _mm256_xor_si256(_mm256_xor_si256(_mm256_and_si256(m2, marker2), _mm256_and_si256(m3, marker3)),
+                                            _mm256_and_si256(m4, marker4));
+    const __m256i sequences = _mm256_blendv_epi8(c, _mm256_or_si256(groups, marker), m2);
+    // Two bits per character: its length less one.
+    const __m256i lengths = _mm256_sub_epi32(_mm256_sub_epi32(_mm256_sub_epi32(zero, m2), m3), m4);
+    __m256i index = _mm256_sllv_epi32(lengths, laneShift);
+    index = _mm256_or_si256(index, _mm256_shuffle_epi32(index, 0x4E));
+    index = _mm256_or_si256(index, _mm256_shuffle_epi32(index, 0xB1));
+    const unsigned int low = static_cast<unsigned int>(_mm256_cvtsi256_si32(index));
+    const unsigned int high = static_cast<unsigned int>(_mm256_extract_epi32(index, 4));
+    const __m256i gather = _mm256_inserti128_si256(
+        _mm256_castsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(GatherTable.shuffle[low]))),
+        _mm_loadu_si128(reinterpret_cast<const __m128i*>(GatherTable.shuffle[high])), 1);
+    const __m256i out = _mm256_shuffle_epi8(sequences, gather);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(dst), _mm256_castsi256_si128(out));
+    dst += GatherTable.length[low];
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(dst), _mm256_extracti128_si256(out, 1));
+    dst += GatherTable.length[high];
+    p += 8;
+  }
+  return encodeChars(p, end, dst);
+}
+
+#endif
 
 }  // namespace
 
@@ -411,15 +523,58 @@ void cEnDecUTF8::encode(const cString& text, qstd::tArray<char>& out) const {
     out.setFitOnErase(fit);
   }
 
-  // A chunk at a time into a buffer that stays in the cache, then appended:
-  // cheaper than measuring the whole text before writing it.
-  unsigned char buf[ChunkChars * 5 + 8];
-  for (unsigned int at = 0; at < n; at += ChunkChars) {
-    const unsigned int count = n - at < ChunkChars ? n - at : ChunkChars;
-    const unsigned int len = encodeChunk(src + at, count, buf);
+#ifdef QEL_UTF8_BLOCKS
+  // With vector units a chunk is measured first and written into its place.
+  if (qstd::cCpuFeatures::avx2()) {
+    for (unsigned int at = 0; at < n; at += ChunkChars) {
+      const unsigned int count = n - at < ChunkChars ? n - at : ChunkChars;
+      const std::uint32_t* chunk = src + at;
+      const unsigned int len = countBytesAvx2(chunk, count);
+      if (len > 0xFFFFFFFFu - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
+      const unsigned int room = out.appendElements(len);
+      unsigned char* dst = reinterpret_cast<unsigned char*>(out.data() + room);
+      encodeCharsAvx2(chunk, chunk + count, dst, dst + len);
+    }
+    return;
+  }
+#endif
+  // Without, measuring costs as much as writing: a chunk at a time into a
+  // buffer that stays in the cache, then appended.
+  unsigned char buf[PortableChunkChars * 5];
+  for (unsigned int at = 0; at < n; at += PortableChunkChars) {
+    const unsigned int count = n - at < PortableChunkChars ? n - at : PortableChunkChars;
+    const unsigned int len =
+        static_cast<unsigned int>(encodeChars(src + at, src + at + count, buf) - buf);
     if (len > 0xFFFFFFFFu - out.size()) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
     out.append(reinterpret_cast<const char*>(buf), len);
   }
+}
+
+unsigned int cEnDecUTF8::encode(const unsigned int* chars, unsigned int count, char* buffer, unsigned int size) {
+  QEL_ASSERT(chars != 0 || count == 0, "ucs/cendecutf8");
+  unsigned long long total = 0;
+#ifdef QEL_UTF8_BLOCKS
+  const bool vector = qstd::cCpuFeatures::avx2();
+#endif
+  for (unsigned int at = 0; at < count; at += ChunkChars) {
+    const unsigned int n = count - at < ChunkChars ? count - at : ChunkChars;
+#ifdef QEL_UTF8_BLOCKS
+    total += vector ? countBytesAvx2(chars + at, n) : countBytes(chars + at, n);
+#else
+    total += countBytes(chars + at, n);
+#endif
+  }
+  if (total > 0xFFFFFFFFull) qstd::cSTDExceptions::throwOutOfBounds("cEnDecUTF8", "encode");
+  if (total > size || total == 0) return static_cast<unsigned int>(total);
+  unsigned char* dst = reinterpret_cast<unsigned char*>(buffer);
+#ifdef QEL_UTF8_BLOCKS
+  if (vector) {
+    encodeCharsAvx2(chars, chars + count, dst, dst + total);
+    return static_cast<unsigned int>(total);
+  }
+#endif
+  encodeChars(chars, chars + count, dst);
+  return static_cast<unsigned int>(total);
 }
 
 void cEnDecUTF8::decode(const qstd::tConstArrayRef<char>& bytes, cString& out) const {

@@ -23,6 +23,10 @@ public:
 
   // Appends the encoding of one character.
   static void encodeChar(unsigned int c, qstd::tArray<char>& out);
+  // Encodes `count` characters into `buffer`, memory of the caller's. Returns
+  // the number of bytes of the encoding; when that is more than `size`,
+  // nothing is written and the caller can try again with that much room.
+  static unsigned int encode(const unsigned int* chars, unsigned int count, char* buffer, unsigned int size);
 
   qstd::cAsciiString name() const override;
   using cAbstractEnDec::decode;

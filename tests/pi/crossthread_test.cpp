@@ -63,7 +63,7 @@ TEST(SlotCallWork, CallsTheSlotWithCopiesOfTheArgumentsWhenItRuns) {
   std::vector<std::string> keep;
   {
     cInbox inbox;
-    auto& call = source.sigResult.connect(inbox, &cInbox::sltPut);
+    auto& call = *source.sigResult.connect(inbox, &cInbox::sltPut);
     std::string text("first");
     q.addJob(qstd::tSharedObject<cWork>(call.createWork(text, 1)));
     text = "changed";
@@ -84,14 +84,14 @@ TEST(SlotCallWork, ArgumentsThatCannotBeCopiedMakeItUnsupported) {
     piVoid sltGone(const cWork&) { return piVoid(); }
   } watcher;
   cWork w;
-  auto& call = w.sigDestroyed.connect(watcher, &cWatcher::sltGone);
+  auto& call = *w.sigDestroyed.connect(watcher, &cWatcher::sltGone);
   EXPECT_THROW(call.createWork(w), qstd::cBugException);
 }
 
 TEST(CrossThreadInbox, RunnablesHandResultsBackToTheQueuesThread) {
   cSource source;
   cInbox inbox;
-  auto& call = source.sigResult.connect(inbox, &cInbox::sltPut);
+  auto& call = *source.sigResult.connect(inbox, &cInbox::sltPut);
   qeltest::cTestQueue q;
   const int perProducer = 200;
   {
@@ -109,7 +109,7 @@ TEST(CrossThreadInbox, RunnablesHandResultsBackToTheQueuesThread) {
 TEST(CrossThreadInbox, WorksStillWaitingDieWithTheQueue) {
   cSource source;
   cInbox inbox;
-  auto& call = source.sigResult.connect(inbox, &cInbox::sltPut);
+  auto& call = *source.sigResult.connect(inbox, &cInbox::sltPut);
   {
     qeltest::cTestQueue q;
     q.post(qstd::tAutoPtr<cWork>(call.createWork("never", 0)));

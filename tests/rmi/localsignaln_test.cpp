@@ -1,4 +1,5 @@
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -361,7 +362,7 @@ TEST(LocalSignalConnections, LocalSlotCallsRefuseIndirectUse) {
   tLog log;
   cReceiver a(log, "a");
   localSignal1<piVoid, int> sig;
-  auto& call = sig.connect(a, &cReceiver::sltNote);
+  auto& call = *sig.connect(a, &cReceiver::sltNote);
   EXPECT_TRUE(a == &call);
   qsa::cReferenceFrame frame;
   try {
@@ -388,4 +389,63 @@ TEST(LocalSignalConnections, LocalSlotCallsRefuseIndirectUse) {
   sig.setQueued(true);
   sig(1);
   EXPECT_EQ(log, (tLog{"a:1"}));
+}
+
+namespace {
+
+int tripled(int v) { return 3 * v; }
+
+// A receiver whose slots are declared void.
+class cPlainReceiver : public cConnectable {
+public:
+  void sltAdd(int v) { miSum += v; }
+  int miSum = 0;
+};
+
+}  // namespace
+
+TEST(LocalSignalConnections, LambdasAndFunctionsBelongToTheirReceiver) {
+  tLog log;
+  auto owner = std::make_unique<cReceiver>(log, "owner");
+  localSignal1<int, int> sig;
+  sig.connect(*owner, [&log](int v) {
+    log.push_back("lambda:" + std::to_string(v));
+    return v + 1;
+  });
+  // One slot: its result is the emission's.
+  EXPECT_EQ(sig(4), 5);
+  EXPECT_EQ(owner->attachedSignals().size(), 1u);
+  // The connection ends with its owner, like a member function's.
+  owner.reset();
+  EXPECT_EQ(sig.slotCount(), 0u);
+
+  cReceiver other(log, "other");
+  sig.connect(other, &tripled);
+  EXPECT_EQ(sig(5), 15);
+  // A function without result gives the default one.
+  localSignal1<int, int> quiet;
+  int seen = 0;
+  quiet.connect(other, [&seen](int v) { seen = v; });
+  EXPECT_EQ(quiet(6), 0);
+  EXPECT_EQ(seen, 6);
+  // A lambda with state of its own keeps it between emissions.
+  localSignal0<int> counter;
+  counter.connect(other, [n = 0]() mutable { return ++n; });
+  counter();
+  EXPECT_EQ(counter(), 2);
+  EXPECT_EQ(log, (tLog{"lambda:4"}));
+}
+
+TEST(LocalSignalConnections, SlotsDeclaredVoidServeSignalsWithoutResult) {
+  cPlainReceiver r;
+  localSignal1<piVoid, int> sig;
+  sig.connect(r, &cPlainReceiver::sltAdd);
+  sig.connect(r, &cPlainReceiver::sltAdd);
+  sig(2);
+  EXPECT_EQ(r.miSum, 4);
+  // Indirect use is refused as for every local connection.
+  qsa::cReferenceFrame frame;
+  EXPECT_THROW(sig.slotCalls()[0]->call(frame), qstd::cBugException);
+  r.detachAllSignals();
+  EXPECT_EQ(sig.slotCount(), 0u);
 }

@@ -2,6 +2,9 @@
 // contexts and labels as they appear on the wire.
 #include "qelcore/sa/cserializebinary.h"
 
+#include <cstring>
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include "qelcore/sa/ccontext.h"
@@ -204,6 +207,41 @@ TEST(cSerializeBinary, WritingIntoAnOutsideArrayAndSwapping) {
   EXPECT_EQ(s.data().size(), 0u);
   2u >> s;
   EXPECT_EQ(bytesOf(s), words({4, 2}));
+}
+
+TEST(cSerializeBinary, GrowingFromEmptyWritesWhatASizedArchiveWrites) {
+  // Appending inside the pool and growing it take different ways; an outside
+  // array always holds exactly the bytes written so far, whichever was taken.
+  qstd::tArray<char> target;
+  cSerializeBinary fresh(target);
+  cSerializeBinary sized;
+  for (unsigned int i = 0; i < 50000; ++i) 0ull >> sized;
+  sized.rewind();
+  for (unsigned int i = 0; i < 20000; ++i) {
+    for (cSerializeBinary* s : {&fresh, &sized}) {
+      switch (i % 5) {
+        case 0:
+          i >> *s;
+          break;
+        case 1:
+          static_cast<unsigned long long>(i) * 977 >> *s;
+          break;
+        case 2:
+          static_cast<char>(i) >> *s;
+          break;
+        case 3:
+          static_cast<short>(i) >> *s;
+          break;
+        default:
+          qstd::cAsciiString(std::string(i % 23, 'a').c_str()) >> *s;
+          break;
+      }
+    }
+    ASSERT_EQ(target.size(), fresh.currentPos());
+  }
+  ASSERT_EQ(fresh.currentPos(), sized.currentPos());
+  const qstd::tArrayRef<char> a = fresh.data(), b = sized.data();
+  EXPECT_EQ(std::memcmp(a.data(), b.data(), a.size()), 0);
 }
 
 TEST(cSerializeBinary, RewindOverwritesFromTheStartOfTheContext) {

@@ -130,3 +130,56 @@ TEST(cEnDecUTF16, CStringDecodingTakesTheMarkAsNativeOrSwapped) {
   endec.decodeCString(empty, none);
   EXPECT_EQ(none.size(), 0u);
 }
+
+// Encoding takes blocks of characters on the vector path and goes one at a
+// time on the portable one; both must give the bytes and units of the rule,
+// for every flag, and leave the output as it was when a character cannot be
+// encoded, wherever it stands.
+class cEnDecUTF16Paths : public cBothPaths {};
+INSTANTIATE_TEST_SUITE_P(Paths, cEnDecUTF16Paths, ::testing::Bool(), pathName);
+
+TEST_P(cEnDecUTF16Paths, EncodesLikeTheRule) {
+  unsigned int seed = 17;
+  std::vector<cString> texts;
+  for (unsigned int n = 0; n < 200; ++n) texts.push_back(randomText(seed, n, n % 3 == 2));
+  for (unsigned int n : {4095u, 4096u, 4097u, 9000u}) texts.push_back(randomText(seed, n, n == 9000u));
+  cString bmp;
+  for (unsigned int i = 0; i < 3000; ++i) bmp.append(0x20 + nextRandom(seed) % 0xD000);
+  texts.push_back(bmp);
+  // A character that cannot be encoded in the second chunk of a long text.
+  cString late = randomText(seed, 6000);
+  late[5000] = 0xDC00;
+  texts.push_back(late);
+
+  for (unsigned int flags : {0u, 1u, 2u, 4u, 5u, 6u}) {
+    const bool mark = (flags & 4) != 0, bigEndian = (flags & 2) != 0;
+    for (const cString& s : texts) {
+      bool unmappable = false;
+      const std::vector<unsigned int> expected = referenceUtf16(s, mark, bigEndian, unmappable);
+      tBytes out = bytes({0x7E});
+      tArray<unsigned short> u;
+      u.append(0x7E7E);
+      if (unmappable) {
+        expectRuntime([&] { cEnDecUTF16(flags).encode(s, out); }, "Unable to convert unmappable character to utf16!");
+        expectRuntime([&] { cEnDecUTF16(flags).encode(s, u); }, "Unable to convert unmappable character to utf16!");
+        ASSERT_EQ(units(out), V({0x7E}));
+        ASSERT_EQ(units(u), V({0x7E7E}));
+        continue;
+      }
+      cEnDecUTF16(flags).encode(s, out);
+      std::vector<unsigned int> withPrefix = expected;
+      withPrefix.insert(withPrefix.begin(), 0x7E);
+      ASSERT_EQ(units(out), withPrefix) << "flags " << flags << ", " << s.size() << " chars";
+      // Units: the machine's order, swapped for big-endian.
+      cEnDecUTF16(flags).encode(s, u);
+      bool ignored = false;
+      const std::vector<unsigned int> little = referenceUtf16(s, mark, false, ignored);
+      V expectedUnits = {0x7E7E};
+      for (std::size_t i = 0; i < little.size(); i += 2) {
+        const unsigned int unit = little[i] | (little[i + 1] << 8);
+        expectedUnits.push_back(bigEndian ? ((unit & 0xFF) << 8) | (unit >> 8) : unit);
+      }
+      ASSERT_EQ(units(u), expectedUnits) << "flags " << flags << ", " << s.size() << " chars";
+    }
+  }
+}

@@ -235,8 +235,11 @@ TEST(cEnDecUTF8, FailedDecodeKeepsTheCharactersBeforeTheError) {
 // The decoder takes long inputs in blocks where the processor allows it and
 // byte by byte elsewhere. Both must agree exactly with a plain reading of the
 // decoder's rules, in characters, error text and partial output, so these
-// tests compare it with one on inputs long enough for blocks.
-TEST(cEnDecUTF8Blocks, ValidTextAndEveryPrefixOfIt) {
+// tests compare it with one on inputs long enough for blocks, on both paths.
+class cEnDecUTF8Blocks : public cBothPaths {};
+INSTANTIATE_TEST_SUITE_P(Paths, cEnDecUTF8Blocks, ::testing::Bool(), pathName);
+
+TEST_P(cEnDecUTF8Blocks, ValidTextAndEveryPrefixOfIt) {
   unsigned int seed = 7;
   for (unsigned int chars = 0; chars < 120; ++chars) {
     const tInput in = validText(seed, chars);
@@ -250,7 +253,7 @@ TEST(cEnDecUTF8Blocks, ValidTextAndEveryPrefixOfIt) {
   }
 }
 
-TEST(cEnDecUTF8Blocks, EveryKindOfByteAtEveryPosition) {
+TEST_P(cEnDecUTF8Blocks, EveryKindOfByteAtEveryPosition) {
   static const unsigned char probes[] = {0x00, 0x41, 0x7F, 0x80, 0xBF, 0xC0, 0xC3, 0xDF,
                                          0xE0, 0xEF, 0xF0, 0xF7, 0xF8, 0xFC, 0xFE, 0xFF};
   unsigned int seed = 11;
@@ -265,7 +268,7 @@ TEST(cEnDecUTF8Blocks, EveryKindOfByteAtEveryPosition) {
   }
 }
 
-TEST(cEnDecUTF8Blocks, RandomBytesAndDamagedText) {
+TEST_P(cEnDecUTF8Blocks, RandomBytesAndDamagedText) {
   unsigned int seed = 3;
   for (unsigned int round = 0; round < 4000; ++round) {
     tInput in;
@@ -284,4 +287,31 @@ TEST(cEnDecUTF8Blocks, RandomBytesAndDamagedText) {
     }
     ASSERT_EQ(decoded(in), reference(in)) << "round " << round;
   }
+}
+
+// The encoder too: blocks of characters on the vector path, one at a time on
+// the portable one, and exactly the bytes of the rule on both, whatever the
+// mix of lengths, the length of the text and what the output held before.
+TEST_P(cEnDecUTF8Blocks, EncodesLikeTheRule) {
+  unsigned int seed = 5;
+  auto check = [](const cString& s) {
+    tBytes out = bytes({0x21});
+    cEnDecUTF8().encode(s, out);
+    std::vector<unsigned int> expected = referenceUtf8(s);
+    expected.insert(expected.begin(), 0x21);
+    ASSERT_EQ(units(out), expected) << s.size() << " chars";
+  };
+  for (unsigned int n = 0; n < 300; ++n) check(randomText(seed, n, n % 2 == 1));
+  // Across the chunks in which long texts are encoded.
+  for (unsigned int n : {4095u, 4096u, 4097u, 8229u, 20000u}) check(randomText(seed, n, true));
+  cString ascii;
+  for (unsigned int i = 0; i < 5000; ++i) ascii.append(0x20 + nextRandom(seed) % 0x5F);
+  check(ascii);
+  // Each length of character between ASCII runs of every length.
+  for (unsigned int c : {0x80u, 0x800u, 0x10000u, 200000u, 0x80000000u})
+    for (unsigned int run = 0; run < 40; ++run) {
+      cString s;
+      for (unsigned int i = 0; i < 70; ++i) s.append(i % (run + 1) == run ? c + i : 0x41 + i % 26);
+      check(s);
+    }
 }
