@@ -1,6 +1,8 @@
 // A tour of what the library offers so far: strings and messages, exceptions,
-// the binary archive, signals and slots, and the debug output.
+// the binary archive, signals and slots, the main loop, and the debug output.
 #include <cstdio>
+#include <cstdlib>
+#include <string>
 
 #include "qelcore/qelcore.h"
 
@@ -22,6 +24,53 @@ public:
   }
 };
 
+// The parts of an application that run on the main loop.
+class cJobs : public qrmi::cConnectable {
+public:
+  int miSingle = 0, miTicks = 0, miPolls = 0, miTimer = 0, miHandled = 0;
+  bool mbNestedSawTimer = false;
+  std::string mGraph;
+  qstd::cTimer mTimer;
+  qstd::tSharedObject<qpi::cWork> mParent;
+
+  cJobs() { mTimer.sigElapsed.connect(*this, &cJobs::sltTimer); }
+
+  piVoid sltSingle() {
+    ++miSingle;
+    return piVoid();
+  }
+  piVoid sltTick() {
+    ++miTicks;
+    return piVoid();
+  }
+  piVoid sltPoll() {
+    ++miPolls;
+    return piVoid();
+  }
+  piVoid sltTimer() {
+    ++miTimer;
+    return piVoid();
+  }
+  // Waits for the timer in a nested loop; the other works go on meanwhile.
+  // Then starts a child work that fails: its parent (this work) handles it.
+  piVoid sltParent() {
+    qpi::cLocalEventLoop loop;
+    while (miTimer == 0) loop.process();
+    mbNestedSawTimer = miTicks > 0;
+    qpi::schedule(*this, &cJobs::sltFailing, 0, "failing child");
+    mGraph = qpi::cWqDebug::dot(nullptr).c_str();
+    return piVoid();
+  }
+  piVoid sltFailing() { qstd::cSTDExceptions::throwUnexpectedEndOfInput(); }
+  piVoid sltError(const qstd::cAbstractException& e, bool fromChild) {
+    qucs::cString text;
+    e.createMessage(text, qucs::cString(": "), 0, nullptr);
+    std::printf("  %-10s handled %s error: %s\n", "", fromChild ? "a child's" : "its own", text.ascii().c_str());
+    ++miHandled;
+    return piVoid();
+  }
+};
+
 void print(const char* label, const qucs::cString& text) {
   qstd::cAsciiString ascii;
   text.toAscii(ascii, '?');
@@ -30,7 +79,50 @@ void print(const char* label, const qucs::cString& text) {
 
 }  // namespace
 
-int main() {
+// The directory of this program, where the graph of the works goes.
+std::string programDirectory(const char* argv0) {
+  std::string path(argv0 ? argv0 : "");
+  const std::string::size_type slash = path.find_last_of("/\\");
+  return slash == std::string::npos ? std::string(".") : path.substr(0, slash);
+}
+
+void mainLoop(const char* argv0) {
+  cJobs jobs;
+  // Single task, periodic work, and an I/O work: the main queue's processor
+  // has no I/O support, so it polls the I/O work at its interval.
+  qpi::schedule(jobs, &cJobs::sltSingle, 0, "single");
+  qstd::tSharedObject<qpi::cWork> tick = qpi::schedule(jobs, &cJobs::sltTick, 5, qpi::cWork::Periodic, "tick");
+  qstd::tSharedObject<qpi::cWork> io = qpi::system().workQueue().createJob();
+  io->setName("io");
+  io->sigTrigger.connect(jobs, &cJobs::sltPoll);
+  io->start(10, qpi::cWork::Periodic);
+  io->setAIOData(qstd::tAutoPtr<qpi::cAbstractAIOData>(new qpi::cFDAIOData));
+  jobs.mParent = qpi::schedule(jobs, &cJobs::sltParent, 1, "parent");
+  jobs.mParent->sigActionError().connect(jobs, &cJobs::sltError);
+  jobs.mTimer.setSingleShot(30);
+
+  const qstd::cTime start;
+  while (jobs.miHandled == 0 && start.diff().toSec() < 10) qpi::system().exec();
+  std::printf("  %-10s single %d, periodic %d, I/O polls %d, timer %d; nested loop ran the others: %s\n", "main loop",
+              jobs.miSingle, jobs.miTicks, jobs.miPolls, jobs.miTimer, jobs.mbNestedSawTimer ? "yes" : "no");
+
+  // The works as a graph; graphviz draws it when it is installed.
+  const std::string dot = programDirectory(argv0) + "/qelinfo-works.dot";
+  if (FILE* f = std::fopen(dot.c_str(), "wb")) {
+    std::fwrite(jobs.mGraph.data(), 1, jobs.mGraph.size(), f);
+    std::fclose(f);
+    std::printf("  %-10s %s\n", "graph", dot.c_str());
+    const std::string png = programDirectory(argv0) + "/qelinfo-works.png";
+    const std::string render = "dot -Tpng \"" + dot + "\" -o \"" + png + "\"";
+    if (std::system("dot -V >/dev/null 2>&1") == 0 && std::system(render.c_str()) == 0)
+      std::printf("  %-10s %s\n", "", png.c_str());
+  }
+  tick->stop();
+  io->stop();
+  qpi::cSystem::cleanup();
+}
+
+int main(int, char** argv) {
   std::printf("QELCore\n");
 
   // Messages bind values to named placeholders and render at the end.
@@ -71,6 +163,9 @@ int main() {
   door.sigOpened.connect(bell, &cBell::sltRing);
   door.sigOpened(3);
   std::printf("  %-10s the bell rang %d times\n", "signal", bell.miRung);
+
+  // The main loop: works on the system's queue, a timer, a nested loop.
+  mainLoop(argv[0]);
 
   // Diagnostics go to the debug output; PIDBG_FILTER selects what is written.
   std::printf("  %-10s PIDBG_FILTER selects what goes to stderr (default \"%s\")\n", "debug",

@@ -95,6 +95,7 @@
 #include "qelcore/sa/pitypes.h"
 
 // rmi: signals and slots
+#include "qelcore/rmi/cabstractboundcall.h"
 #include "qelcore/rmi/cabstractrmifactory.h"
 #include "qelcore/rmi/cabstractsignal.h"
 #include "qelcore/rmi/cabstractslotcall.h"
@@ -137,6 +138,7 @@
 #include "qelcore/pi/cwqdebug.h"
 #include "qelcore/pi/schedule.h"
 #include "qelcore/pi/tfdinfo.h"
+#include "qelcore/std/ctimer.h"
 #include "qelcore/std/tparentwatch.h"
 
 // pi: the class loader interface
@@ -169,6 +171,16 @@
 #include "qelcore/qcs/cregisteredinterface.h"
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/cunmatchedinterfaceexception.h"
+
+// qp: runnables, lockers and process data
+#include "qelcore/qp/cabstractpollable.h"
+#include "qelcore/qp/cabstractprocess.h"
+#include "qelcore/qp/cabstractprocessdata.h"
+#include "qelcore/qp/cabstractrunnable.h"
+#include "qelcore/qp/cbasicprocessdata.h"
+#include "qelcore/qp/clocker.h"
+#include "qelcore/qp/cqpexceptions.h"
+#include "qelcore/qp/csynchronizable.h"
 
 // io: files and file systems
 #include "qelcore/io/cabstractdirimpl.h"

@@ -1,5 +1,6 @@
 #include "qelcore/pi/cabstractprocessevents.h"
 
+#include "qelcore/pi/cfdaiodata.h"
 #include "qelcore/pi/cwork.h"
 
 namespace qpi {
@@ -13,5 +14,13 @@ cAbstractProcessEvents::~cAbstractProcessEvents() {}
 void cAbstractProcessEvents::poll() {}
 
 void cAbstractProcessEvents::wakeUpFromAnyThread() {}
+
+cFDAIOData* cAbstractProcessEvents::waitingFDData(const qstd::tSharedObject<cWork>& entry) {
+  cWork* w = entry.get();
+  if (!w || !w->isStarted() || w->type() != cWork::AsyncIO || !w->hasAIOData()) return nullptr;
+  cFDAIOData* data = w->aioData().isFDAIOData();
+  if (data) data->clearReadyEvents();
+  return data;
+}
 
 }  // namespace qpi

@@ -20,6 +20,7 @@
 
 namespace qpi {
 
+class cFDAIOData;
 class cWork;
 
 class QEL_EXPORT cAbstractProcessEvents {
@@ -48,6 +49,12 @@ public:
 
   // Emitted when a wait is over.
   qrmi::localSignal0<qsa::piVoid> sigFinished;
+
+protected:
+  // For processors with I/O support: the descriptor data of a started I/O
+  // work, its ready events cleared for the coming wait; null for any other
+  // entry.
+  static cFDAIOData* waitingFDData(const qstd::tSharedObject<cWork>& entry);
 };
 
 }  // namespace qpi

@@ -48,6 +48,12 @@ public:
   // The platform's event processor: sleeps through the whole wait of a pass
   // in one call and cannot be woken early. The system's main queue uses it.
   static qstd::tAutoPtr<cAbstractProcessEvents> createProcessEvents();
+  // An event processor with asynchronous I/O: it waits on the descriptors
+  // (sockets on Windows) of the queue's asynchronous I/O works together with
+  // the queue's timed works, and another thread can wake it
+  // (cWorkQueue::post). Opt in with
+  // queue.setEvents(cPlatform::createAIOProcessEvents()).
+  static qstd::tAutoPtr<cAbstractProcessEvents> createAIOProcessEvents();
   // The native file system for `fs` (see qio::cFs).
   static qstd::tAutoPtr<qio::cAbstractFsImpl> createFsImpl(qio::cFs& fs);
   // The class loader factory joins here with the module code.

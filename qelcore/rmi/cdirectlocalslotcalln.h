@@ -3,13 +3,42 @@
 #ifndef QELCORE_RMI_CDIRECTLOCALSLOTCALLN_H
 #define QELCORE_RMI_CDIRECTLOCALSLOTCALLN_H
 
+#include <tuple>
 #include <type_traits>
+#include <utility>
 
+#include "qelcore/rmi/cabstractboundcall.h"
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/cconnectable.h"
 #include "qelcore/rmi/crmiexceptions.h"
 
 namespace qrmi {
+
+// A call of `method` on `target` with copies of the arguments, made later
+// on the target's thread unless the token says the target is gone.
+template <class T, class R, class... A>
+class tBoundSlotCallN : public cAbstractBoundCall {
+public:
+  tBoundSlotCallN(cSlotTargetToken* token, T* target, R (T::*method)(A...), A... args)
+      : mpToken(token), mpTarget(target), mpMethod(method), mArgs(args...) {
+    mpToken->addRef();
+  }
+  ~tBoundSlotCallN() override { mpToken->release(); }
+  void call() override {
+    if (mpToken->alive()) callWith(std::index_sequence_for<A...>());
+  }
+
+private:
+  template <std::size_t... I>
+  void callWith(std::index_sequence<I...>) {
+    (mpTarget->*mpMethod)(std::get<I>(mArgs)...);
+  }
+
+  cSlotTargetToken* mpToken;
+  T* mpTarget;
+  R (T::*mpMethod)(A...);
+  std::tuple<std::decay_t<A>...> mArgs;
+};
 
 template <class T, class R, class... A>
 class cDirectLocalSlotCallN : public cAbstractSlotCallN<R, A...> {
@@ -19,13 +48,32 @@ public:
   typedef R (T::*tMethod)(A...);
 
   cDirectLocalSlotCallN(T& target, tMethod method, cAbstractSignal* signal)
-      : cAbstractSlotCallN<R, A...>(target, signal), mpTarget(&target), mpMethod(method) {}
+      : cAbstractSlotCallN<R, A...>(target, signal), mpTarget(&target), mpMethod(method), mpToken(nullptr) {}
+  cDirectLocalSlotCallN(const cDirectLocalSlotCallN& other)
+      : cAbstractSlotCallN<R, A...>(other), mpTarget(other.mpTarget), mpMethod(other.mpMethod), mpToken(nullptr) {}
+  // Works made by createWork() and not yet run do nothing from now on.
+  ~cDirectLocalSlotCallN() override {
+    if (mpToken) cSlotTargetToken::drop(&mpToken);
+  }
 
   void invoke(R& result, A... args) const override { result = (mpTarget->*mpMethod)(args...); }
   void call(qsa::cAbstractDeserializer&, qsa::cAbstractSerializer&) const override {
     cRMIExceptions::throwIndirectLocalSlotCall();
   }
   void call(qsa::cReferenceFrame&) const override { cRMIExceptions::throwIndirectLocalSlotCall(); }
+  // A single task, due at once, that calls the slot with copies of `args`
+  // when it runs; hand it to the receiver's queue (cWorkQueue::post from
+  // another thread). It may be made on any thread while the connection
+  // lives, and does nothing if the connection is gone by the time it runs. Arguments that cannot be
+  // copied make it an unsupported operation.
+  qpi::cWork* createWork(A... args) const override {
+    if constexpr ((std::is_copy_constructible<std::decay_t<A>>::value && ...)) {
+      cSlotTargetToken* token = cSlotTargetToken::ensure(&mpToken);
+      return cAbstractBoundCall::createWork(new tBoundSlotCallN<T, R, A...>(token, mpTarget, mpMethod, args...));
+    } else {
+      return cAbstractSlotCallN<R, A...>::createWork(args...);
+    }
+  }
   cAbstractSlotCallN<R, A...>* clone() const override {
     return new cDirectLocalSlotCallN(*mpTarget, mpMethod, nullptr);
   }
@@ -36,6 +84,7 @@ public:
 private:
   T* mpTarget;
   tMethod mpMethod;
+  mutable cSlotTargetToken* mpToken;
 };
 
 template <class T, class R>

@@ -15,17 +15,13 @@
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/cstring.h"
 
+#include "support/exceptiontext.h"
+
 using qpi::cPlatform;
 
 namespace {
 
 bool onWindows() { return cPlatform::createPlatformInfo()->platformName() == "Win32"; }
-
-std::string messageOf(const qstd::cAbstractException& e) {
-  qucs::cString text;
-  e.createMessage(text, qucs::cString(""), 0, nullptr);
-  return text.ascii().c_str();
-}
 
 }  // namespace
 
@@ -51,24 +47,6 @@ TEST(PlatformQueries, ErrorTextsAreOneLineAndUnknownCodesSaySo) {
   EXPECT_EQ(cPlatform::osFileIOErrorString(987654321), "Unable to get error string!");
 }
 
-TEST(PlatformInfo, ModuleNamesBecomeLibraryFileNames) {
-  qstd::tAutoPtr<qpi::cAbstractPlatformInfo> info(cPlatform::createPlatformInfo());
-  qucs::cString plain("plugins/netio");
-  qucs::cString prefixed("libnetio.old");
-  info->osSpecificSOName(plain);
-  info->osSpecificSOName(prefixed);
-  if (onWindows()) {
-    EXPECT_EQ(plain, "plugins/netio.dll");
-    EXPECT_EQ(prefixed, "libnetio.dll");
-    EXPECT_EQ(info->osAppFileExtension(), ".exe");
-  } else {
-    EXPECT_EQ(info->platformName(), "POSIX");
-    EXPECT_EQ(plain, "plugins/libnetio.so");
-    EXPECT_EQ(prefixed, "libnetio.so");
-    EXPECT_EQ(info->osAppFileExtension(), "");
-  }
-}
-
 TEST(PlatformMutex, IsRecursiveAndTryLockFollowsThePlatform) {
   qstd::tAutoPtr<qpi::cAbstractMutexImpl> m(cPlatform::createMutexImpl());
   m->lock();
@@ -81,7 +59,7 @@ TEST(PlatformMutex, IsRecursiveAndTryLockFollowsThePlatform) {
         m->tryLock();
         FAIL();
       } catch (const qstd::cRuntimeException& e) {
-        EXPECT_EQ(messageOf(e), "Trylock is not supported on win32 yet!");
+        EXPECT_EQ(qeltest::textOf(e), "Trylock is not supported on win32 yet!");
       }
     }
   } else {
@@ -124,15 +102,4 @@ TEST(PlatformThread, RunsItsFunctionAndCanBeRestarted) {
   waitForRuns(runs, 3);
   t->stop();
   EXPECT_EQ(runs.load(), 3);
-}
-
-TEST(PlatformExceptions, UnsupportedOperationsAreBugsThatTravel) {
-  qpi::cUnsupportedPlatformException e("fork", __FILE__, __LINE__);
-  EXPECT_EQ(messageOf(e), "Operation (\"fork\") not supported for this platform!");
-  EXPECT_EQ(e.type(), qstd::cAbstractException::TypeBug);
-  qpi::cPIExceptionFactory factory;
-  qstd::tAutoPtr<qstd::cAbstractException> made(factory.createException(e.typeName()));
-  ASSERT_TRUE(made.get() != nullptr);
-  EXPECT_EQ(made->typeName(), "cUnsupportedPlatformException");
-  EXPECT_EQ(factory.createException("cBugException"), nullptr);
 }

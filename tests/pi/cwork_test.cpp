@@ -7,19 +7,10 @@
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/ucs/cstring.h"
 
+#include "support/exceptiontext.h"
 #include "support/worktestutil.h"
 
 using qpi::cWork;
-
-namespace {
-
-std::string messageOf(const qstd::cAbstractException& e) {
-  qucs::cString text;
-  e.createMessage(text, qucs::cString(""), 0, nullptr);
-  return text.ascii().c_str();
-}
-
-}  // namespace
 
 TEST(Work, StartingAsASingleTaskDropsTheIntervalButNotTheDelay) {
   cWork w;
@@ -51,7 +42,7 @@ TEST(Work, IODataStartsAndStopsTheWork) {
     w.aioData();
     FAIL();
   } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(messageOf(e), "Work does not own asynchronous I/O data!");
+    EXPECT_EQ(qeltest::textOf(e), "Work does not own asynchronous I/O data!");
   }
   qpi::cFDAIOData* data = new qpi::cFDAIOData;
   data->addFd(7, qpi::tFdInfo::Read);
@@ -70,7 +61,7 @@ TEST(Work, IODataStartsAndStopsTheWork) {
     plain.fdAIOData();
     FAIL();
   } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(messageOf(e), "Asynchronous I/O data does not have file descriptor information!");
+    EXPECT_EQ(qeltest::textOf(e), "Asynchronous I/O data does not have file descriptor information!");
   }
 }
 
@@ -83,25 +74,4 @@ TEST(Work, ActionWithoutReceiversDoesNothingAndCountsTheTrigger) {
   ASSERT_TRUE(w.statistic().hasDebugInfo());
   EXPECT_NE(w.statistic().debugInfo()->lastTrigger.get(), 0u);
   EXPECT_NE(w.statistic().debugInfo()->startTraceLength, 0u);
-}
-
-TEST(ParentWatch, BecomesNullWhenTheParentDiesAndAssertsOnUse) {
-  qstd::tParentWatch<cWork> watch;
-  {
-    cWork parent;
-    watch.set(&parent);
-    EXPECT_EQ(watch.get(), &parent);
-    EXPECT_EQ(&*watch, &parent);
-  }
-  EXPECT_EQ(watch.get(), nullptr);
-  try {
-    watch->stop();
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_NE(messageOf(e).find("(mpObject != 0)"), std::string::npos);
-  }
-  // The watch may also die first.
-  cWork parent;
-  { qstd::tParentWatch<cWork> shortLived(&parent); }
-  EXPECT_EQ(parent.sigDestroyed.slotCount(), 0u);
 }

@@ -7,13 +7,13 @@
 
 #include "qelcore/pi/cfdaiodata.h"
 #include "qelcore/pi/clocaleventloop.h"
-#include "qelcore/pi/cwqdebug.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/cstring.h"
 
 #include "support/capturingout.h"
+#include "support/exceptiontext.h"
 #include "support/worktestutil.h"
 
 using qeltest::cJob;
@@ -27,29 +27,17 @@ using qstd::tSharedObject;
 
 namespace {
 
-std::string messageOf(const qstd::cAbstractException& e) {
-  qucs::cString text;
-  e.createMessage(text, qucs::cString(""), 0, nullptr);
-  return text.ascii().c_str();
-}
-
 // Receives action errors: what arrived and whether from a descendant.
 class cErrorSink : public qrmi::cConnectable {
 public:
   std::vector<std::string> messages;
   std::vector<bool> fromDescendant;
   piVoid sltError(const qstd::cAbstractException& e, bool descendant) {
-    messages.push_back(messageOf(e));
+    messages.push_back(qeltest::textOf(e));
     fromDescendant.push_back(descendant);
     return piVoid();
   }
 };
-
-std::string idOf(const cWork* w) {
-  char text[40];
-  std::snprintf(text, sizeof text, "\"%llx\"", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(w)));
-  return text;
-}
 
 }  // namespace
 
@@ -342,7 +330,7 @@ TEST(WorkQueueErrors, AnIOWorkFailingThreeTimesInARowIsStoppedAsAmuck) {
     q.process();
     FAIL() << "an amuck work must stop the pass";
   } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(messageOf(e), "Stopping amuck work \"reader\"!");
+    EXPECT_EQ(qeltest::textOf(e), "Stopping amuck work \"reader\"!");
   }
   EXPECT_EQ(job.calls, 3);
   EXPECT_FALSE(io->isStarted());
@@ -357,23 +345,17 @@ TEST(WorkQueueErrors, ProcessingWithoutAProcessorIsABug) {
     q.process();
     FAIL();
   } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(messageOf(e), "No process event manager for workqueue!");
+    EXPECT_EQ(qeltest::textOf(e), "No process event manager for workqueue!");
   }
   EXPECT_TRUE(out.contains("*** WORKQUEUE HAS BEEN FOUND A BUG ***"));
   EXPECT_TRUE(out.contains("No event processor!"));
 }
 
-TEST(WorkQueueDumps, StatusDumpAndDotGraph) {
+TEST(WorkQueueDumps, StatusDumpListsEveryWork) {
   cTestQueue q;
   cJob tickJob;
-  tSharedObject<cWork> tick = makeJob(q, tickJob, "tick");
-  tSharedObject<cWork> child;
-  tickJob.body = [&] {
-    if (!child) child = makeJob(q, tickJob, "child");
-  };
-  tick->start(0, cWork::Periodic);
-  q.process();
-  tick->start(250, cWork::Periodic);
+  tSharedObject<cWork> tick, child;
+  qeltest::tickWithChild(q, tickJob, tick, child);
 
   qeltest::cCapturingOut out;
   q.debugDump(qpi::cAbstractOut::LevelWarning);
@@ -389,29 +371,4 @@ TEST(WorkQueueDumps, StatusDumpAndDotGraph) {
       "   * Triggered: 0 / numStarted: 0",
   };
   EXPECT_EQ(lines, expected);
-
-  const std::string dot = qpi::cWqDebug::dot(&q).c_str();
-  const std::string t = idOf(tick.get()), c = idOf(child.get());
-  EXPECT_EQ(dot,
-            "digraph G {\n" + t +
-                " [ label=\"Periodic\\ntick\\n(250ms interval), Active, Keep)\",shape=\"ellipse\",style=\"filled\","
-                "color=\"grey\" ];\n" +
-                c +
-                " [ label=\"Single task\\nchild\\n(planned in 0ms)\",shape=\"ellipse\",style=\"filled\","
-                "color=\"lightgrey\" ];\n" +
-                t + " -> " + c + ";\n}\n");
-}
-
-TEST(WorkQueueDumps, TheRunningWorkIsMarkedCurrentInTheGraph) {
-  cTestQueue q;
-  cJob job;
-  tSharedObject<cWork> w = makeJob(q, job, "");
-  std::string dot;
-  job.body = [&] { dot = qpi::cWqDebug::dot(&q).c_str(); };
-  w->start(0, cWork::SingleTask);
-  q.process();
-  EXPECT_NE(dot.find("label=\"Single task\\n\\n(planned in 0ms, Current)\",shape=\"doubleoctagon\",style=\"filled\","
-                     "color=\"LightSteelBlue\" ];"),
-            std::string::npos)
-      << dot;
 }

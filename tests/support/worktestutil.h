@@ -25,6 +25,16 @@ public:
   }
 };
 
+// Counts the finished signals of an event processor.
+class cFinishCounter : public qrmi::cConnectable {
+public:
+  int finished = 0;
+  qsa::piVoid sltFinished() {
+    ++finished;
+    return qsa::piVoid();
+  }
+};
+
 // Records every yield; never waits. `aio` makes it claim I/O support.
 class cRecordingEvents : public qpi::cAbstractProcessEvents {
 public:
@@ -59,6 +69,19 @@ inline qstd::tSharedObject<qpi::cWork> makeJob(qpi::cWorkQueue& q, cJob& job, co
   w->setName(name);
   w->sigTrigger.connect(job, &cJob::sltRun);
   return w;
+}
+
+// A periodic work "tick" that ran once and added a work "child" (not
+// started) while it ran, then was restarted with an interval of 250 ms.
+inline void tickWithChild(qpi::cWorkQueue& q, cJob& job, qstd::tSharedObject<qpi::cWork>& tick,
+                          qstd::tSharedObject<qpi::cWork>& child) {
+  tick = makeJob(q, job, "tick");
+  job.body = [&q, &job, &child] {
+    if (!child) child = makeJob(q, job, "child");
+  };
+  tick->start(0, qpi::cWork::Periodic);
+  q.process();
+  tick->start(250, qpi::cWork::Periodic);
 }
 
 }  // namespace qeltest

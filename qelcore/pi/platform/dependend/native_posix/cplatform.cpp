@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/platform/dependend/native_posix/cposixaioprocessevents.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixfsimpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixmuteximpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixplatforminfo.h"
@@ -51,6 +52,10 @@ qstd::tAutoPtr<cAbstractPlatformInfo> cPlatform::createPlatformInfo() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cPosixProcessEvents);
+}
+
+qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createAIOProcessEvents() {
+  return qstd::tAutoPtr<cAbstractProcessEvents>(new cPosixAIOProcessEvents);
 }
 
 qstd::tAutoPtr<qio::cAbstractFsImpl> cPlatform::createFsImpl(qio::cFs&) {

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/platform/dependend/native_win32/cwin32aioprocessevents.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32fsimpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32muteximpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32platforminfo.h"
@@ -43,6 +44,10 @@ qstd::tAutoPtr<cAbstractPlatformInfo> cPlatform::createPlatformInfo() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cWin32ProcessEvents);
+}
+
+qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createAIOProcessEvents() {
+  return qstd::tAutoPtr<cAbstractProcessEvents>(new cWin32AIOProcessEvents);
 }
 
 qstd::tAutoPtr<qio::cAbstractFsImpl> cPlatform::createFsImpl(qio::cFs&) {

@@ -1,0 +1,7 @@
+#include "qelcore/qp/cbasicprocessdata.h"
+
+namespace qp {
+
+cBasicProcessData::~cBasicProcessData() {}
+
+}  // namespace qp

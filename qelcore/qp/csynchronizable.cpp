@@ -1,0 +1,7 @@
+#include "qelcore/qp/csynchronizable.h"
+
+namespace qp {
+
+cSynchronizable::~cSynchronizable() {}
+
+}  // namespace qp
