@@ -10,6 +10,9 @@
 #include "qelcore/qcs/cabstractplugin.h"
 #include "qelcore/qcs/cmoduleloadexception.h"
 #include "qelcore/qcs/cmodulemgr.h"
+#include "qelcore/qcs/cqcsexceptionfactory.h"
+#include "qelcore/sa/cdeserializebinary.h"
+#include "qelcore/sa/cserializebinary.h"
 #include "qelcore/qelversion.h"
 #include "qelcore/sa/creferenceframe.h"
 #include "qelcore/std/tautoptr.h"
@@ -152,4 +155,17 @@ TEST(ClassLoaderChecks, FilesTheSystemCannotLoadCarryItsErrorText) {
     EXPECT_EQ(text.substr(text.size() - 2), "\"!");
 #endif
   }
+}
+
+TEST(ClassLoaderChecks, AFailureTravelsWithItsKindAndFile) {
+  const cModuleLoadException sent = loadFailure(testModule("noqelversion"));
+  qsa::cSerializeBinary s;
+  sent.storeRecursive(s);
+  qsa::cDeserializeBinary d(s.ownData());
+  tAutoPtr<qstd::cAbstractException> back =
+      qstd::cAbstractException::createFromStream(d, qcs::cQCSExceptionFactory());
+  const cModuleLoadException& got = dynamic_cast<const cModuleLoadException&>(*back);
+  EXPECT_EQ(got.problem(), cModuleLoadException::eInvalidModule);
+  EXPECT_EQ(got.fileName(), testModule("noqelversion"));
+  EXPECT_EQ(qeltest::textOf(got), "Invalid module. Missing qelVersion section!");
 }

@@ -158,6 +158,14 @@ TEST(SystemExtensions, TheLibrarysOwnExtensionsAreThereFromTheStart) {
   qpi::cSystem::cleanup();
 }
 
+TEST(SystemExtensions, CleanupUnloadsThePlugInsAndTheNextSystemStartsAfresh) {
+  qpi::system().coreExtensions().load(testModule("generic"));
+  EXPECT_EQ(qpi::system().coreExtensions().extensions().size(), 4u);
+  qpi::cSystem::cleanup();
+  EXPECT_EQ(qpi::system().coreExtensions().extensions().size(), 3u);  // the library's own
+  qpi::cSystem::cleanup();
+}
+
 class ExtensionModules : public ::testing::Test {
 protected:
   ~ExtensionModules() override { qpi::cSystem::cleanup(); }
