@@ -185,6 +185,7 @@
 #include "qelcore/qcs/cpluginmgr.h"
 #include "qelcore/qcs/cqcsexceptionfactory.h"
 #include "qelcore/qcs/cqcsexceptions.h"
+#include "qelcore/qcs/cqueuedslotcalln.h"
 #include "qelcore/qcs/cregisteredinterface.h"
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/cunmatchedinterfaceexception.h"

@@ -19,7 +19,7 @@ public:
 };
 
 cAbstractInterface::cAbstractInterface(const cInterfaceDesc& desc)
-    : mDesc(desc), mpRegistrations(nullptr), mpBindings(nullptr) {
+    : mDesc(desc), mpCallQueue(nullptr), mpRegistrations(nullptr), mpBindings(nullptr) {
   sigInterface.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
 }
 

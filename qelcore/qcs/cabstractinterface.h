@@ -26,6 +26,10 @@
 //     void disconnectInterface() override { unbindSlots(); }
 //   };
 //
+// A provider whose slots must run on its own work queue (for example one
+// that another thread drives) says so with setCallQueue(): calls through
+// local interfaces bound from then on are posted to that queue as works.
+//
 // An interface may be registered with several providers; when it is
 // destroyed it leaves all of them.
 #ifndef QELCORE_QCS_CABSTRACTINTERFACE_H
@@ -33,11 +37,13 @@
 
 #include "qelcore/qcs/cforwardingslotcalln.h"
 #include "qelcore/qcs/cinterfacedesc.h"
+#include "qelcore/qcs/cqueuedslotcalln.h"
 #include "qelcore/qelexport.h"
 #include "qelcore/rmi/cconnectable.h"
 #include "qelcore/rmi/cindirectlazyslotcalln.h"
 #include "qelcore/rmi/localsignaln.h"
 #include "qelcore/sa/pitypes.h"
+#include "qelcore/std/cstdexceptions.h"
 
 namespace qrmi {
 class cAbstractRMIFactory;
@@ -73,13 +79,22 @@ public:
   // is left without public slots and signals and keeps its old description.
   void load(qsa::cAbstractDeserializer& d, qrmi::cAbstractRMIFactory& factory);
 
+  // The queue on which this (provided) interface's public slots are to run
+  // when a local interface calls them: bindSlot() then posts each call as a
+  // work to `queue`, from whatever thread emits, and the caller gets no
+  // result. Null (the default) calls them directly. Bindings made before
+  // keep their way; `queue` must outlive them.
+  void setCallQueue(qpi::cWorkQueue* queue) { mpCallQueue = queue; }
+  qpi::cWorkQueue* callQueue() const { return mpCallQueue; }
+
   // Free for the interface's own announcements; the library never emits it.
   qrmi::localSignal1<qsa::piVoid, const cAbstractInterface&> sigInterface;
 
 protected:
   // Connects `signal` to the public slot `slotName` of `provided`. A slot of
-  // the same C++ signature published in this process is called directly; any
-  // other (a proxy's, or one of another signature) by name through archives.
+  // the same C++ signature published in this process is called directly, or
+  // through a work on the provider's call queue when it has one; any other (a
+  // proxy's, or one of another signature) by name through archives.
   // The connection ends with unbindSlots(), with `provided` or with the signal.
   // A slot that is not published at all is looked up at each call and raises
   // the no-such-slot exception then (or at once, when the signal's types
@@ -88,7 +103,14 @@ protected:
   void bindSlot(qrmi::localSignalN<R, A...>& signal, cAbstractInterface& provided, const qstd::cAsciiString& slotName) {
     typedef qrmi::cAbstractSlotCallN<R, A...> tSlotCall;
     const tSlotCall* typed = dynamic_cast<const tSlotCall*>(provided.tryFindSlot(slotName));
-    if (typed) {
+    if (typed && provided.mpCallQueue) {
+      if constexpr ((std::is_copy_constructible<std::decay_t<A>>::value && ...)) {
+        signal.connect(
+            qstd::tAutoPtr<tSlotCall>(new cQueuedSlotCallN<R, A...>(provided, *typed, *provided.mpCallQueue)));
+      } else {
+        qstd::cSTDExceptions::throwUnsupportedOperation("cAbstractInterface::bindSlot(...) through a call queue");
+      }
+    } else if (typed) {
       signal.connect(qstd::tAutoPtr<tSlotCall>(new cForwardingSlotCallN<R, A...>(provided, *typed)));
     } else {
       if constexpr (qrmi::tIsArchivable<R>::value && (qrmi::tIsArchivable<A>::value && ...)) {
@@ -108,6 +130,7 @@ private:
   void notifyProviders();
 
   cInterfaceDesc mDesc;
+  qpi::cWorkQueue* mpCallQueue;
   // The entries under which providers list this interface.
   cRegisteredInterface* mpRegistrations;
   // Signals bound by bindSlot, with the interfaces they were bound to.

@@ -8,6 +8,7 @@
 #include "qelcore/std/cbugexception.h"
 
 #include "qcstestutil.h"
+#include "support/capturingout.h"
 
 using qcs::cAbstractComponent;
 using qcs::cComponentAddr;
@@ -209,4 +210,15 @@ TEST_F(Dependencies, DependenciesKeepTheirPlaceAmongOtherReceiversOfTheManagersS
   provider();
   pump(mMgr);
   EXPECT_EQ(mLog, (tLog{"added 1:4", "first matched 1:4", "registered 1:4", "second matched 1:4"}));
+}
+
+TEST_F(Dependencies, RegisteringAndRecalculatingWriteTheirTraceLines) {
+  qeltest::cCapturingOut out;
+  cUser& user = add<cUser>("user");
+  pump(mMgr);
+  tLog lines;
+  for (const auto& e : out.entries())
+    if (e.text.rfind("cAbstractComponent::", 0) == 0) lines.push_back(e.text);
+  EXPECT_EQ(lines, (tLog{"cAbstractComponent::addInterfaceDep...", "cAbstractComponent::Recalcing deps..."}));
+  EXPECT_FALSE(user.mDep.matched());
 }
