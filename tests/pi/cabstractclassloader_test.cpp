@@ -35,24 +35,12 @@ std::string utf8(const qucs::cString& s) {
 
 // Opens a module file that must fail; returns the exception.
 cModuleLoadException loadFailure(const qucs::cString& file) {
-  try {
-    cPlatform::createClassLoader(file);
-  } catch (const cModuleLoadException& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no exception for " << utf8(file);
-  return cModuleLoadException();
+  return qeltest::caught<cModuleLoadException>([&] { cPlatform::createClassLoader(file); });
 }
 
 template <class F>
 cModuleLoadException instanceFailure(F f) {
-  try {
-    f();
-  } catch (const cModuleLoadException& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no exception";
-  return cModuleLoadException();
+  return qeltest::caught<cModuleLoadException>(f);
 }
 
 class ClassLoader : public ::testing::Test {

@@ -70,13 +70,7 @@ unsigned int tagOf(const tAutoPtr<qce::cNetAbstractAddress>& a) {
 
 template <class F>
 cUnsupportedExtensionException unsupported(F f) {
-  try {
-    f();
-  } catch (const cUnsupportedExtensionException& e) {
-    return e;
-  }
-  ADD_FAILURE() << "nothing thrown";
-  return cUnsupportedExtensionException();
+  return qeltest::caught<cUnsupportedExtensionException>(f);
 }
 
 std::string utf8(const qucs::cString& s) {
