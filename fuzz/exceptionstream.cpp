@@ -1,5 +1,6 @@
 // Rebuilds exception chains from arbitrary bytes. A chain that could be
-// rebuilt must store and rebuild again to the same classes and messages.
+// rebuilt must store and rebuild again to the same classes and messages; one
+// that could not must leave the reader where it began.
 #include <cstdint>
 #include <cstdlib>
 
@@ -36,6 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   try {
     chain = qstd::cAbstractException::createFromStream(d, factory);
   } catch (const qstd::cAbstractException&) {
+    check(d.currentPos() == 0);  // a chain that fails reads nothing
     return 0;
   }
   if (chain.get() == nullptr) return 0;

@@ -1,5 +1,6 @@
 // Fuzzes number parsing and formatting with formats taken from the input:
-// no input may crash, hang or break the integer round trip.
+// no input may crash, hang or break the integer round trip, and signed and
+// unsigned reading agree where both ranges meet.
 #include <cstdint>
 #include <cstdlib>
 
@@ -67,5 +68,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     bThrew = true;
   }
   if (aThrew != bThrew || a != b) std::abort();
+
+  // Signed and unsigned reading agree on the values both can hold.
+  try {
+    const unsigned long long u = cNumberConversion::fromStringToUnsigned(cAsciiString(text, length), format);
+    if (u <= 0x7FFFFFFFFFFFFFFFull && (aThrew || static_cast<unsigned long long>(a) != u)) std::abort();
+  } catch (const cRuntimeException&) {
+    if (!aThrew && a > 0) std::abort();
+  }
   return 0;
 }

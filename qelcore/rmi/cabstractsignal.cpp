@@ -42,6 +42,9 @@ cPublicSignal& cAbstractSignal::exportSignal(cConnectable& owner, const qstd::cA
 
 void cAbstractSignal::describeValues(cPublicSignal&) const {}
 
+cSSValue& cAbstractSignal::addParameter(cPublicSignal& signal) { return signal.addParameter(); }
+cSSValue& cAbstractSignal::returnValue(cPublicSignal& signal) { return signal.returnValue(); }
+
 const qstd::cAsciiString& cAbstractSignal::publicSignalName() const {
   if (!mpPublicSignal) cRMIExceptions::throwNotPublicSignal();
   return mpPublicSignal->name();

@@ -15,6 +15,7 @@ namespace qrmi {
 class cAbstractSlotCall;
 class cConnectable;
 class cPublicSignal;
+class cSSValue;
 
 class QEL_EXPORT cAbstractSignal {
 public:
@@ -64,6 +65,9 @@ protected:
   virtual qstd::cAsciiString returnTypeString() const;
   // Adds the descriptions of the parameters and the result when exported.
   virtual void describeValues(cPublicSignal& signal) const;
+  // The description's next parameter and its result, for describeValues().
+  static cSSValue& addParameter(cPublicSignal& signal);
+  static cSSValue& returnValue(cPublicSignal& signal);
   // Warns (with a stack trace) when the signal is destroyed while
   // `emissionDepth` emissions of it are still running.
   void checkNIC(unsigned int emissionDepth) const;

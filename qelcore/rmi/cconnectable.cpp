@@ -7,6 +7,7 @@
 #include "qelcore/rmi/cpublicsignal.h"
 #include "qelcore/rmi/cpublicslot.h"
 #include "qelcore/rmi/crmiexceptions.h"
+#include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
 
@@ -174,16 +175,20 @@ void cConnectable::invokeIndirectRemoteSlot(const cAsciiString& name, qsa::cAbst
 }
 
 cPublicSlot& cConnectable::registerRemoteSlot(qsa::cAbstractDeserializer& in, cAbstractRMIFactory& factory) {
+  // A factory that fails leaves the description unread, as a torn one does.
+  qsa::cPositionGuard guard(in);
   qstd::tAutoPtr<cPublicSlot> record(new cPublicSlot(in));
   qstd::tAutoPtr<cAbstractSlotCall> call = factory.createSlotCall(*this, *record);
   QEL_ASSERT(call.get() != 0, "rmi/cconnectable");
   record->setSlot(call);
   codRSlots();
   mpSlots->push_back(record.get());
+  guard.commit();
   return *record.release();
 }
 
 cPublicSignal& cConnectable::registerRemoteSignal(qsa::cAbstractDeserializer& in, cAbstractRMIFactory& factory) {
+  qsa::cPositionGuard guard(in);
   qstd::tAutoPtr<cPublicSignal> record(new cPublicSignal(in));
   record->mpOwner = this;
   qstd::tAutoPtr<cAbstractSignal> signal = factory.createSignal(*this, *record);
@@ -192,6 +197,7 @@ cPublicSignal& cConnectable::registerRemoteSignal(qsa::cAbstractDeserializer& in
   record->signal().setPublicSignal(record.get());
   codRSignals();
   mpSignals->push_back(record.get());
+  guard.commit();
   return *record.release();
 }
 

@@ -8,11 +8,10 @@
 #ifndef QELCORE_RMI_CCONNECTABLE_H
 #define QELCORE_RMI_CCONNECTABLE_H
 
-#include <vector>
-
 #include "qelcore/qelexport.h"
 #include "qelcore/rmi/cabstractsignal.h"
 #include "qelcore/std/tautoptr.h"
+#include "qelcore/std/tsimplevector.h"
 
 namespace qstd {
 class cAsciiString;
@@ -34,9 +33,9 @@ class localSignalN;
 
 class QEL_EXPORT cConnectable {
 public:
-  typedef std::vector<cAbstractSignal*> tSignalList;
-  typedef std::vector<cPublicSlot*> tPublicSlotList;
-  typedef std::vector<cPublicSignal*> tPublicSignalList;
+  typedef qstd::tSimpleVector<cAbstractSignal*> tSignalList;
+  typedef qstd::tSimpleVector<cPublicSlot*> tPublicSlotList;
+  typedef qstd::tSimpleVector<cPublicSignal*> tPublicSignalList;
 
   cConnectable();
   cConnectable(const cConnectable&) = delete;

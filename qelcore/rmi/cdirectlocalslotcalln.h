@@ -3,9 +3,7 @@
 #ifndef QELCORE_RMI_CDIRECTLOCALSLOTCALLN_H
 #define QELCORE_RMI_CDIRECTLOCALSLOTCALLN_H
 
-#include <tuple>
 #include <type_traits>
-#include <utility>
 
 #include "qelcore/rmi/cabstractboundcall.h"
 #include "qelcore/rmi/cabstractslotcalln.h"
@@ -13,6 +11,32 @@
 #include "qelcore/rmi/crmiexceptions.h"
 
 namespace qrmi {
+
+namespace detail {
+
+// Copies of a call's arguments, handed to a function as lvalues in their
+// order. Kept here rather than in a std::tuple so that declaring a signal
+// does not parse <tuple>.
+template <class... V>
+struct tBoundArgs {
+  template <class F, class... Got>
+  void apply(const F& f, Got&... got) {
+    f(got...);
+  }
+};
+template <class V, class... Rest>
+struct tBoundArgs<V, Rest...> {
+  template <class H, class... T>
+  explicit tBoundArgs(const H& head, const T&... tail) : mHead(head), mTail(tail...) {}
+  template <class F, class... Got>
+  void apply(const F& f, Got&... got) {
+    mTail.apply(f, got..., mHead);
+  }
+  V mHead;
+  tBoundArgs<Rest...> mTail;
+};
+
+}  // namespace detail
 
 // A call of `method` on `target` with copies of the arguments, made later
 // on the target's thread unless the token says the target is gone.
@@ -25,19 +49,15 @@ public:
   }
   ~tBoundSlotCallN() override { mpToken->release(); }
   void call() override {
-    if (mpToken->alive()) callWith(std::index_sequence_for<A...>());
+    if (mpToken->alive()) mArgs.apply([this](auto&... args) { (mpTarget->*mpMethod)(args...); });
   }
 
 private:
-  template <std::size_t... I>
-  void callWith(std::index_sequence<I...>) {
-    (mpTarget->*mpMethod)(std::get<I>(mArgs)...);
-  }
 
   cSlotTargetToken* mpToken;
   T* mpTarget;
   R (T::*mpMethod)(A...);
-  std::tuple<std::decay_t<A>...> mArgs;
+  detail::tBoundArgs<std::decay_t<A>...> mArgs;
 };
 
 template <class T, class R, class... A>

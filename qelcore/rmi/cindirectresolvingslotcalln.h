@@ -3,8 +3,8 @@
 // read from an archive. Arguments that do not fit the slot raise
 // cCallParameterMissmatchException with the cause linked.
 //
-// Created by localSignalN<R, A...>::registerSlot (or registerPublicSlot); it
-// can also be connected to a local signal like any other slot call.
+// Created by registerPublicSlot (localSignalN<R, A...>::registerSlot, defined
+// here); it can also be connected to a local signal like any other slot call.
 #ifndef QELCORE_RMI_CINDIRECTRESOLVINGSLOTCALLN_H
 #define QELCORE_RMI_CINDIRECTRESOLVINGSLOTCALLN_H
 
@@ -14,7 +14,9 @@
 
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/cconnectable.h"
+#include "qelcore/rmi/cpublicslot.h"
 #include "qelcore/rmi/crmiexceptions.h"
+#include "qelcore/rmi/localsignaln.h"
 #include "qelcore/rmi/ttypestring.h"
 #include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/sa/cabstractserializer.h"
@@ -59,6 +61,8 @@ private:
   template <std::size_t... I>
   void callFromArchive(qsa::cAbstractDeserializer& in, qsa::cAbstractSerializer& out, std::index_sequence<I...>) const {
     tValues values;
+    // Arguments that do not fit are left unread.
+    qsa::cPositionGuard guard(in);
     try {
       int expand[] = {0, ((std::get<I>(values) << in), 0)...};
       (void)expand;
@@ -69,6 +73,7 @@ private:
     } catch (const qstd::cAbstractException& e) {
       cRMIExceptions::throwParameterMissmatch(this->isPublicSlot(), e);
     }
+    guard.commit();
     tValueType<R> result = (mpTarget->*mpMethod)(std::get<I>(values)...);
     result >> out;
     int expand[] = {0, (storeIfAlterable<A>(std::get<I>(values), out), 0)...};
@@ -113,6 +118,26 @@ template <class T, class R, class A1, class A2, class A3>
 using cIndirectResolvingSlotCall3 = cIndirectResolvingSlotCallN<T, R, A1, A2, A3>;
 template <class T, class R, class A1, class A2, class A3, class A4>
 using cIndirectResolvingSlotCall4 = cIndirectResolvingSlotCallN<T, R, A1, A2, A3, A4>;
+
+template <class R, class... A>
+template <class T>
+cPublicSlot& localSignalN<R, A...>::registerSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
+                                                 const qstd::cAsciiString& description) {
+  qstd::tAutoPtr<cAbstractSlotCall> call(new cIndirectResolvingSlotCallN<T, R, A...>(object, method));
+  cConnectable& owner = object;
+  cPublicSlot& slot = owner.registerSlot(name, tTypeString<R>::list(), tTypeString<A...>::list(), description, call);
+  int expand[] = {0, (describeValue<A>(slot.addParameter()), 0)...};
+  (void)expand;
+  describeValue<R>(slot.returnValue());
+  return slot;
+}
+
+// Publishes a member function as a public slot: see localSignalN::registerSlot.
+template <class T, class R, class... A>
+cPublicSlot& registerPublicSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
+                                const qstd::cAsciiString& description = qstd::cAsciiString()) {
+  return localSignalN<R, A...>::registerSlot(object, method, name, description);
+}
 
 }  // namespace qrmi
 

@@ -2,6 +2,7 @@
 
 #include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/std/cstdexceptions.h"
 
 namespace qrmi {
 
@@ -41,6 +42,7 @@ cSSValue& cPublicSignal::addParameter() {
 }
 
 qsa::cAbstractSerializer& cPublicSignal::operator>>(qsa::cAbstractSerializer& out) const {
+  qsa::cPositionGuard guard(out);
   out.store(msName);
   out.store(msReturnTypeName);
   out.store(msParamTypeNames);
@@ -49,10 +51,12 @@ qsa::cAbstractSerializer& cPublicSignal::operator>>(qsa::cAbstractSerializer& ou
   out.store(static_cast<unsigned int>(mvParameters.size()));
   for (const cSSValue& p : mvParameters) p >> out;
   mReturnValue >> out;
+  guard.commit();
   return out;
 }
 
 qsa::cAbstractDeserializer& cPublicSignal::operator<<(qsa::cAbstractDeserializer& in) {
+  qsa::cPositionGuard guard(in);
   qstd::cAsciiString name, returnTypeName, paramTypeNames, description;
   unsigned int type = 0, count = 0;
   in.load(name);
@@ -60,6 +64,9 @@ qsa::cAbstractDeserializer& cPublicSignal::operator<<(qsa::cAbstractDeserializer
   in.load(paramTypeNames);
   in.load(description);
   in.load(type);
+  if (type > cAbstractSignal::eRequiredInterface)
+    qstd::cSTDExceptions::throwOutOfRange("cPublicSignal", "operator<<", qstd::OutOfRangeValue, type,
+                                          cAbstractSignal::eProvidedInterface, cAbstractSignal::eRequiredInterface);
   in.load(count);
   tParameters parameters;
   for (unsigned int i = 0; i < count; ++i) {
@@ -69,6 +76,7 @@ qsa::cAbstractDeserializer& cPublicSignal::operator<<(qsa::cAbstractDeserializer
   }
   cSSValue returnValue;
   returnValue << in;
+  guard.commit();
   msName.swap(name);
   msReturnTypeName.swap(returnTypeName);
   msParamTypeNames.swap(paramTypeNames);

@@ -33,6 +33,7 @@ cSSValue& cPublicSlot::addParameter() {
 }
 
 qsa::cAbstractSerializer& cPublicSlot::operator>>(qsa::cAbstractSerializer& out) const {
+  qsa::cPositionGuard guard(out);
   out.store(msName);
   out.store(msReturnTypeName);
   out.store(msParamTypeNames);
@@ -40,10 +41,12 @@ qsa::cAbstractSerializer& cPublicSlot::operator>>(qsa::cAbstractSerializer& out)
   out.store(static_cast<unsigned int>(mvParameters.size()));
   for (const cSSValue& p : mvParameters) p >> out;
   mReturnValue >> out;
+  guard.commit();
   return out;
 }
 
 qsa::cAbstractDeserializer& cPublicSlot::operator<<(qsa::cAbstractDeserializer& in) {
+  qsa::cPositionGuard guard(in);
   qstd::cAsciiString name, returnTypeName, paramTypeNames, description;
   in.load(name);
   in.load(returnTypeName);
@@ -60,6 +63,7 @@ qsa::cAbstractDeserializer& cPublicSlot::operator<<(qsa::cAbstractDeserializer& 
   }
   cSSValue returnValue;
   returnValue << in;
+  guard.commit();
   msName.swap(name);
   msReturnTypeName.swap(returnTypeName);
   msParamTypeNames.swap(paramTypeNames);

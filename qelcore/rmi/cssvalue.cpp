@@ -19,19 +19,23 @@ bool cSSValue::operator!=(const cSSValue& other) const {
 }
 
 qsa::cAbstractSerializer& cSSValue::operator>>(qsa::cAbstractSerializer& out) const {
+  qsa::cPositionGuard guard(out);
   out.store(msTypeName);
   out.store(msDescription);
   out.store(mbAlterable);
   out.store(mbVoid);
+  guard.commit();
   return out;
 }
 
 qsa::cAbstractDeserializer& cSSValue::operator<<(qsa::cAbstractDeserializer& in) {
+  qsa::cPositionGuard guard(in);
   cSSValue loaded;
   in.load(loaded.msTypeName);
   in.load(loaded.msDescription);
   in.load(loaded.mbAlterable);
   in.load(loaded.mbVoid);
+  guard.commit();
   msTypeName.swap(loaded.msTypeName);
   msDescription.swap(loaded.msDescription);
   mbAlterable = loaded.mbAlterable;

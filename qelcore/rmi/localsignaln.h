@@ -14,32 +14,33 @@
 //
 // The signal owns one slot call per connection. A receiver's destruction
 // removes its slot calls; the signal's destruction destroys all of them.
+//
+// Declaring a signal needs this header only; publishing slots by name
+// (registerPublicSlot) is in cindirectresolvingslotcalln.h.
 #ifndef QELCORE_RMI_LOCALSIGNALN_H
 #define QELCORE_RMI_LOCALSIGNALN_H
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
-#include <type_traits>
-#include <vector>
 
 #include "qelcore/rmi/cabstractsignal.h"
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/cconnectable.h"
 #include "qelcore/rmi/cdirectlocalslotcalln.h"
-#include "qelcore/rmi/cindirectresolvingslotcalln.h"
-#include "qelcore/rmi/cpublicsignal.h"
-#include "qelcore/rmi/cpublicslot.h"
 #include "qelcore/rmi/crmiexceptions.h"
 #include "qelcore/rmi/ttypestring.h"
 #include "qelcore/std/tautoptr.h"
+#include "qelcore/std/tsimplevector.h"
 
 namespace qrmi {
+
+class cPublicSlot;
 
 template <class R, class... A>
 class localSignalN : public cAbstractSignal {
 public:
   typedef cAbstractSlotCallN<R, A...> tSlotCall;
-  typedef std::vector<tSlotCall*> tSlotCalls;
+  typedef qstd::tSimpleVector<tSlotCall*> tSlotCalls;
 
   localSignalN() : mpEmission(nullptr) {}
   ~localSignalN() override {
@@ -109,18 +110,12 @@ public:
 
   // Publishes `method` of `object` under `name`, with type strings computed
   // from R and A...; the slot can then be called by name with a reference
-  // frame or with archived arguments. Returns the new description.
+  // frame or with archived arguments. Returns the new description. Defined
+  // with the slot calls it creates, in cindirectresolvingslotcalln.h (which
+  // registerPublicSlot() comes with).
   template <class T>
   static cPublicSlot& registerSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
-                                   const qstd::cAsciiString& description = qstd::cAsciiString()) {
-    qstd::tAutoPtr<cAbstractSlotCall> call(new cIndirectResolvingSlotCallN<T, R, A...>(object, method));
-    cConnectable& owner = object;
-    cPublicSlot& slot = owner.registerSlot(name, tTypeString<R>::list(), tTypeString<A...>::list(), description, call);
-    int expand[] = {0, (describeValue<A>(slot.addParameter()), 0)...};
-    (void)expand;
-    describeValue<R>(slot.returnValue());
-    return slot;
-  }
+                                   const qstd::cAsciiString& description = qstd::cAsciiString());
 
   unsigned int slotCount() const { return static_cast<unsigned int>(mvSlots.size()); }
   const tSlotCalls& slotCalls() const { return mvSlots; }
@@ -135,9 +130,9 @@ protected:
   qstd::cAsciiString parametersTypeString() const override { return tTypeString<A...>::list(); }
   qstd::cAsciiString returnTypeString() const override { return tTypeString<R>::list(); }
   void describeValues(cPublicSignal& signal) const override {
-    int expand[] = {0, (describeValue<A>(signal.addParameter()), 0)...};
+    int expand[] = {0, (describeValue<A>(addParameter(signal)), 0)...};
     (void)expand;
-    describeValue<R>(signal.returnValue());
+    describeValue<R>(returnValue(signal));
   }
 
 private:
@@ -189,7 +184,12 @@ private:
         delete doomed;
         removed = true;
       }
-    if (removed) mvSlots.erase(std::remove(mvSlots.begin(), mvSlots.end(), nullptr), mvSlots.end());
+    if (removed) {
+      std::size_t kept = 0;
+      for (tSlotCall* call : mvSlots)
+        if (call) mvSlots[kept++] = call;
+      mvSlots.erase(mvSlots.begin() + kept, mvSlots.end());
+    }
     return removed;
   }
 
@@ -210,13 +210,6 @@ template <class R, class A1, class A2, class A3, class A4>
 using localSignal4 = localSignalN<R, A1, A2, A3, A4>;
 template <class R, class A1, class A2, class A3, class A4, class A5>
 using localSignal5 = localSignalN<R, A1, A2, A3, A4, A5>;
-
-// Publishes a member function as a public slot: see localSignalN::registerSlot.
-template <class T, class R, class... A>
-cPublicSlot& registerPublicSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
-                                const qstd::cAsciiString& description = qstd::cAsciiString()) {
-  return localSignalN<R, A...>::registerSlot(object, method, name, description);
-}
 
 }  // namespace qrmi
 

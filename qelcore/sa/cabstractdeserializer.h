@@ -5,12 +5,16 @@
 //   cAbstractDeserializer& operator<<(cAbstractDeserializer&);
 // Labels in front of a value are skipped when the value is loaded, so
 // readers load in the order the writer stored, with or without labels.
+// A load that fails leaves the reader where it stood; objects made of several
+// values keep that promise with a cPositionGuard over the whole sequence, and
+// change themselves only when every value was read.
 #ifndef QELCORE_SA_CABSTRACTDESERIALIZER_H
 #define QELCORE_SA_CABSTRACTDESERIALIZER_H
 
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
+#include "qelcore/sa/cpositionguard.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 
@@ -25,7 +29,13 @@ class cReferenceFrame;
 
 class QEL_EXPORT cAbstractDeserializer {
 public:
-  cAbstractDeserializer() : mbPreferNoLabels(false) {}
+  cAbstractDeserializer() : mbPreferNoLabels(false), mpPosition(0) {}
+  // A copy keeps the label preference; its position is its own (trackPosition()).
+  cAbstractDeserializer(const cAbstractDeserializer& other) : mbPreferNoLabels(other.mbPreferNoLabels), mpPosition(0) {}
+  cAbstractDeserializer& operator=(const cAbstractDeserializer& other) {
+    mbPreferNoLabels = other.mbPreferNoLabels;
+    return *this;
+  }
   virtual ~cAbstractDeserializer();
 
   virtual void loadBlock(qstd::tArray<char>& block) = 0;
@@ -63,9 +73,19 @@ public:
   void setPreferNoLabels(bool bPrefer) { mbPreferNoLabels = bPrefer; }
   bool noLabelsPreferred() const { return mbPreferNoLabels; }
 
+protected:
+  // An archive that keeps its read position in an unsigned counter names it
+  // here, so that cPositionGuard can put it back when a sequence of values fails.
+  void trackPosition(unsigned int* pPosition) { mpPosition = pPosition; }
+
 private:
+  friend class cPositionGuard;
+
   bool mbPreferNoLabels;
+  unsigned int* mpPosition;
 };
+
+inline cPositionGuard::cPositionGuard(cAbstractDeserializer& archive) : cPositionGuard(archive.mpPosition) {}
 
 inline cAbstractDeserializer& operator<<(char& v, cAbstractDeserializer& d) {
   d.load(v);
@@ -113,9 +133,10 @@ inline cAbstractDeserializer& operator<<(qstd::tArray<char>& v, cAbstractDeseria
   return d;
 }
 // Other arrays, as their writer stored them ("Grow", then "Data"). The
-// array changes only when all of it was read.
+// array changes, and the reader moves, only when all of it was read.
 template <class T, class Traits>
 cAbstractDeserializer& operator<<(qstd::tArray<T, Traits>& v, cAbstractDeserializer& d) {
+  cPositionGuard guard(d);
   unsigned int growStep = 0;
   growStep << d;
   qstd::tArray<T, Traits> read;
@@ -134,6 +155,7 @@ cAbstractDeserializer& operator<<(qstd::tArray<T, Traits>& v, cAbstractDeseriali
       read.append(element);
     }
   }
+  guard.commit();
   v.swap(read);
   return d;
 }

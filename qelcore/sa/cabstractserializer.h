@@ -10,6 +10,7 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/ccontext.h"
 #include "qelcore/sa/ccontextref.h"
+#include "qelcore/sa/cpositionguard.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/tarray.h"
 #include "qelcore/std/tarrayref.h"
@@ -22,7 +23,13 @@ namespace qsa {
 
 class QEL_EXPORT cAbstractSerializer {
 public:
-  cAbstractSerializer() : mbPreferNoLabels(false) {}
+  cAbstractSerializer() : mbPreferNoLabels(false), mpPosition(0) {}
+  // A copy keeps the label preference; its position is its own (trackPosition()).
+  cAbstractSerializer(const cAbstractSerializer& other) : mbPreferNoLabels(other.mbPreferNoLabels), mpPosition(0) {}
+  cAbstractSerializer& operator=(const cAbstractSerializer& other) {
+    mbPreferNoLabels = other.mbPreferNoLabels;
+    return *this;
+  }
   virtual ~cAbstractSerializer();
 
   virtual void storeBlock(const char* pData, unsigned int iSize) = 0;
@@ -60,9 +67,19 @@ public:
   void setPreferNoLabels(bool bPrefer) { mbPreferNoLabels = bPrefer; }
   bool noLabelsPreferred() const { return mbPreferNoLabels; }
 
+protected:
+  // An archive that keeps its write position in an unsigned counter names it
+  // here, so that cPositionGuard can put it back when a sequence of values fails.
+  void trackPosition(unsigned int* pPosition) { mpPosition = pPosition; }
+
 private:
+  friend class cPositionGuard;
+
   bool mbPreferNoLabels;
+  unsigned int* mpPosition;
 };
+
+inline cPositionGuard::cPositionGuard(cAbstractSerializer& archive) : cPositionGuard(archive.mpPosition) {}
 
 inline cAbstractSerializer& operator>>(char v, cAbstractSerializer& s) {
   s.store(v);
@@ -115,6 +132,7 @@ cAbstractSerializer& operator>>(const char*, cAbstractSerializer&) = delete;
 // element count, then the elements; bytes as one block).
 template <class T, class Traits>
 cAbstractSerializer& operator>>(const qstd::tArray<T, Traits>& v, cAbstractSerializer& s) {
+  cPositionGuard guard(s);
   const bool labels = !s.noLabelsPreferred();
   if (labels) s.newLabel("Grow");
   s.store(v.growStep());
@@ -125,6 +143,7 @@ cAbstractSerializer& operator>>(const qstd::tArray<T, Traits>& v, cAbstractSeria
     s.store(v.size());
     for (unsigned int i = 0; i < v.size(); ++i) v[i] >> s;
   }
+  guard.commit();
   return s;
 }
 

@@ -12,7 +12,6 @@
 
 #include <type_traits>
 #include <typeinfo>
-#include <utility>
 
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractdeserializer.h"
@@ -57,16 +56,20 @@ QELCORE_SA_TYPENAME(qstd::tArray<char>, "char*");
 QELCORE_SA_TYPENAME(cReferenceFrame, "cReferenceFrame");
 #undef QELCORE_SA_TYPENAME
 
+// A value of type T for the detection below, never evaluated (std::declval
+// without <utility>).
+template <class T>
+T&& tDeclval() noexcept;
+
 template <class T, class = void>
 struct tIsStorable : std::false_type {};
 template <class T>
-struct tIsStorable<T, std::void_t<decltype(std::declval<const T&>() >> std::declval<cAbstractSerializer&>())>>
+struct tIsStorable<T, std::void_t<decltype(tDeclval<const T&>() >> tDeclval<cAbstractSerializer&>())>>
     : std::true_type {};
 template <class T, class = void>
 struct tIsLoadable : std::false_type {};
 template <class T>
-struct tIsLoadable<T, std::void_t<decltype(std::declval<T&>() << std::declval<cAbstractDeserializer&>())>>
-    : std::true_type {};
+struct tIsLoadable<T, std::void_t<decltype(tDeclval<T&>() << tDeclval<cAbstractDeserializer&>())>> : std::true_type {};
 
 // What every reference to a value of one type shares.
 struct cTypeInfo {

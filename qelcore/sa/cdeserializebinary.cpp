@@ -5,51 +5,34 @@
 #include <vector>
 
 #include "qelcore/sa/cabstractserializer.h"
-#include "qelcore/sa/cbinarybytes.h"
 #include "qelcore/sa/csaexceptions.h"
+#include "qelcore/sa/detail/csbinaryloadcontextdata.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/ucs/cendecutf8.h"
 #include "qelcore/ucs/cstring.h"
 
 namespace qsa {
 
-using namespace binarybytes;
-
-namespace {
-
-// Puts the read position back unless the operation completed.
-class cPosGuard {
-public:
-  explicit cPosGuard(unsigned int& pos) : mrPos(pos), miSaved(pos), mbCommitted(false) {}
-  ~cPosGuard() {
-    if (!mbCommitted) mrPos = miSaved;
-  }
-  void commit() { mbCommitted = true; }
-  unsigned int saved() const { return miSaved; }
-
-private:
-  unsigned int& mrPos;
-  unsigned int miSaved;
-  bool mbCommitted;
-};
-
-}  // namespace
-
 cDeserializeBinary::cDeserializeBinary()
-    : mbOwnsData(false), mpBytes(0), miSize(0), miPos(0), mpCurrent(0), miLimit(0) {}
+    : mbOwnsData(false), mpBytes(0), miSize(0), miPos(0), mpCurrent(0), miLimit(0) {
+  trackPosition(&miPos);
+}
 
 cDeserializeBinary::cDeserializeBinary(const qstd::tConstArrayRef<char>& data)
     : mbOwnsData(false), mpBytes(0), miSize(0), miPos(0), mpCurrent(0), miLimit(0) {
+  trackPosition(&miPos);
   setData(data);
 }
 
 cDeserializeBinary::cDeserializeBinary(const qstd::tArray<char>& data)
     : mbOwnsData(false), mpBytes(0), miSize(0), miPos(0), mpCurrent(0), miLimit(0) {
+  trackPosition(&miPos);
   setData(data);
 }
 
 cDeserializeBinary::cDeserializeBinary(qstd::tArray<char>& data, bool bTakeOver)
     : mbOwnsData(false), mpBytes(0), miSize(0), miPos(0), mpCurrent(0), miLimit(0) {
+  trackPosition(&miPos);
   if (bTakeOver) {
     mOwnData.swap(data);
     setData(static_cast<const qstd::tArray<char>&>(mOwnData));
@@ -70,6 +53,7 @@ cDeserializeBinary::cDeserializeBinary(cDeserializeBinary& other)
       mpCurrent(0),
       miLimit(other.miSize),
       mLastLabel(other.mLastLabel) {
+  trackPosition(&miPos);
   if (mbOwnsData) {
     mData = qstd::tConstArrayRef<char>(mOwnData);
     mpBytes = miSize ? mOwnData.data() : 0;
@@ -156,7 +140,7 @@ void cDeserializeBinary::expectTypeId(unsigned int id) {
 
 // One fixed-size element behind labels, or a failure (the inline path took the rest).
 const char* cDeserializeBinary::loadFixed(unsigned int id, unsigned int n) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   expectTypeId(id);
   const char* p = loadRaw(n);
   guard.commit();
@@ -172,7 +156,7 @@ const char* cDeserializeBinary::loadFixedDirect(unsigned int id, unsigned int n)
 
 // A string behind labels, or a failure (the inline path took the rest).
 void cDeserializeBinary::loadAsciiString(qstd::cAsciiString& value) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   expectTypeId(idAsciiString);
   const unsigned int n = loadU32();
   const char* p = loadRaw(n);
@@ -181,7 +165,7 @@ void cDeserializeBinary::loadAsciiString(qstd::cAsciiString& value) {
 }
 
 void cDeserializeBinary::load(qucs::cString& value) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   const unsigned int id = getNextTypeId(true);
   qucs::cString text;
   if (id == idStringUTF8) {
@@ -216,7 +200,7 @@ const char* cDeserializeBinary::loadBlockHeader(unsigned long long& size) {
 }
 
 void cDeserializeBinary::getNextBlockInfo(unsigned int& position, unsigned long long& size) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   unsigned long long n = 0;
   loadBlockHeader(n);
   position = miPos;
@@ -224,7 +208,7 @@ void cDeserializeBinary::getNextBlockInfo(unsigned int& position, unsigned long 
 }
 
 void cDeserializeBinary::loadBlock(qstd::tArray<char>& block) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   unsigned long long n = 0;
   const char* p = loadBlockHeader(n);
   block.setData(p, static_cast<unsigned int>(n));
@@ -262,7 +246,7 @@ void cDeserializeBinary::readContextHeader(sContextHeader& header) {
 }
 
 cContextRef cDeserializeBinary::openContext(const char* pName, sContextHeader& header) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   readContextHeader(header);
   if (pName && !(header.mName == pName))
     qstd::cSTDExceptions::throwTypeMissmatch(qstd::cAsciiString("context ") + pName,
@@ -281,7 +265,7 @@ cContextRef cDeserializeBinary::getContext(const char* pName) {
 }
 
 qstd::cAsciiString cDeserializeBinary::getNextContextTypeName() {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   const qstd::cAsciiString lastLabel(mLastLabel);
   sContextHeader header;
   try {
@@ -347,7 +331,7 @@ unsigned int cDeserializeBinary::nextTypeId() const {
 }
 
 qstd::cAsciiString cDeserializeBinary::getNextLabelName() {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   expectTypeId(idLabel);
   loadLabelName();
   guard.commit();
@@ -411,7 +395,7 @@ void cDeserializeBinary::skipType(unsigned int id) {
 }
 
 bool cDeserializeBinary::trySeekToLabel(const qstd::cAsciiString& name) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   const qstd::cAsciiString lastLabel(mLastLabel);
   try {
     unsigned int end = miLimit;
@@ -454,7 +438,7 @@ bool cDeserializeBinary::tryFindLabel(const qstd::cAsciiString& name) { return t
 // --- copying ---------------------------------------------------------------
 
 void cDeserializeBinary::reserialize(cAbstractSerializer& out) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   // Nested contexts are followed with an explicit stack: a deeply nested
   // archive must not exhaust the call stack.
   struct sLevel {

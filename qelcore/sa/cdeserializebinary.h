@@ -11,8 +11,6 @@
 
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractdeserializer.h"
-#include "qelcore/sa/cbinarybytes.h"
-#include "qelcore/sa/csbinaryloadcontextdata.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
@@ -21,6 +19,7 @@
 
 namespace qsa {
 
+class cSBinaryLoadContextData;
 class QEL_EXPORT cDeserializeBinary : public cAbstractDeserializer, public cSerializeBinaryShared {
 public:
   cDeserializeBinary();
@@ -49,7 +48,7 @@ public:
     // No label in front and the whole string there: nothing to undo.
     const unsigned int left = miLimit - miPos;
     if (left >= 8) {
-      const unsigned long long head = binarybytes::get64(mpBytes + miPos);
+      const unsigned long long head = get64(mpBytes + miPos);
       const unsigned int n = static_cast<unsigned int>(head >> 32);
       if (static_cast<unsigned int>(head) == idAsciiString && n <= left - 8) {
         value.setData(mpBytes + miPos + 8, n);
@@ -60,14 +59,14 @@ public:
     loadAsciiString(value);
   }
   // The fixed-width values are read inline when no label stands in front.
-  void load(double& value) final { value = binarybytes::bitsDouble(binarybytes::get64(fixed(idDouble, 8))); }
+  void load(double& value) final { value = bitsDouble(get64(fixed(idDouble, 8))); }
   void load(bool& value) final { value = fixed4(idBool) != 0; }
-  void load(long long& value) final { value = static_cast<long long>(binarybytes::get64(fixed(idInt64, 8))); }
-  void load(unsigned long long& value) final { value = binarybytes::get64(fixed(idUInt64, 8)); }
+  void load(long long& value) final { value = static_cast<long long>(get64(fixed(idInt64, 8))); }
+  void load(unsigned long long& value) final { value = get64(fixed(idUInt64, 8)); }
   void load(int& value) final { value = static_cast<int>(fixed4(idInt32)); }
   void load(unsigned int& value) final { value = fixed4(idUInt32); }
-  void load(short& value) final { value = static_cast<short>(binarybytes::get16(fixed(idInt16, 2))); }
-  void load(unsigned short& value) final { value = binarybytes::get16(fixed(idUInt16, 2)); }
+  void load(short& value) final { value = static_cast<short>(get16(fixed(idInt16, 2))); }
+  void load(unsigned short& value) final { value = get16(fixed(idUInt16, 2)); }
   void load(unsigned char& value) final { value = static_cast<unsigned char>(*fixed(idUChar, 1)); }
   void load(char& value) final { value = *fixed(idChar, 1); }
 
@@ -127,7 +126,7 @@ private:
   unsigned int getNextTypeId(bool bSkipLabels);
   const char* loadFixed(unsigned int id, unsigned int n);
   const char* fixed(unsigned int id, unsigned int n) {
-    if (miLimit - miPos >= 4 + n && binarybytes::get32(mpBytes + miPos) == id) {
+    if (miLimit - miPos >= 4 + n && get32(mpBytes + miPos) == id) {
       const char* p = mpBytes + miPos + 4;
       miPos += 4 + n;
       return p;
@@ -137,13 +136,13 @@ private:
   // A 4-byte value: id and payload read as one 8-byte move.
   unsigned int fixed4(unsigned int id) {
     if (miLimit - miPos >= 8) {
-      const unsigned long long both = binarybytes::get64(mpBytes + miPos);
+      const unsigned long long both = get64(mpBytes + miPos);
       if (static_cast<unsigned int>(both) == id) {
         miPos += 8;
         return static_cast<unsigned int>(both >> 32);
       }
     }
-    return binarybytes::get32(loadFixed(id, 4));
+    return get32(loadFixed(id, 4));
   }
   template <class T>
   void getValues(unsigned int id, T* values, unsigned int count) {
@@ -156,11 +155,11 @@ private:
       const char* p = mpBytes + miPos;
       bool plain = true;
       for (unsigned int i = 0; i < count; ++i, p += size) {
-        plain &= binarybytes::get32(p) == id;
+        plain &= get32(p) == id;
         if (sizeof(T) == 4)
-          binarybytes::fromBits(binarybytes::get32(p + 4), values[i]);
+          fromBits(get32(p + 4), values[i]);
         else
-          binarybytes::fromBits(binarybytes::get64(p + 4), values[i]);
+          fromBits(get64(p + 4), values[i]);
       }
       if (plain) {
         miPos += size * count;

@@ -1,5 +1,8 @@
 #include "qelcore/sa/creferenceframe.h"
 
+#include "qelcore/sa/cabstractdeserializer.h"
+#include "qelcore/sa/cabstractserializer.h"
+#include "qelcore/sa/cpositionguard.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
 
@@ -66,11 +69,15 @@ const cTypeReference& cReferenceFrame::nextReference() {
 }
 
 void cReferenceFrame::store(cAbstractSerializer& s, unsigned int from) const {
+  cPositionGuard guard(s);
   for (unsigned int i = from; i < mEntries.size(); ++i) mEntries[i].store(s);
+  guard.commit();
 }
 
 void cReferenceFrame::load(cAbstractDeserializer& d, unsigned int from) {
+  cPositionGuard guard(d);
   for (unsigned int i = from; i < mEntries.size(); ++i) mEntries[i].load(d);
+  guard.commit();
 }
 
 }  // namespace qsa

@@ -70,6 +70,14 @@ void cSAExceptions::throwInvalidTypeId(long long id) {
   throw qstd::cRuntimeException(msg, __FILE__, __LINE__);
 }
 
+void cSAExceptions::throwPatchSizeMissmatch(unsigned int position, unsigned long long size,
+                                            unsigned long long patchSize) {
+  qucs::cLIMessage msg;
+  msg << "$QTR$The element at %position% has %size% bytes and cannot be patched with one of %patchSize% bytes!"
+      << position << size << patchSize;
+  throw qstd::cBugException(msg, __FILE__, __LINE__);
+}
+
 void cSAExceptions::throwTypeMissmatch(const qstd::cAsciiString& expected, const qstd::cAsciiString& got,
                                        const qstd::cAsciiString& lastLabel) {
   if (lastLabel.empty()) throw qstd::cTypeMissmatchException(expected, got);

@@ -24,6 +24,9 @@ public:
   [[noreturn]] static void throwSerializerClearWithOpenContexts();
   [[noreturn]] static void throwSerializerDataWithOpenContexts();
   [[noreturn]] static void throwInvalidTypeId(long long id);
+  // A patch whose element differs in size from the element it would replace.
+  [[noreturn]] static void throwPatchSizeMissmatch(unsigned int position, unsigned long long size,
+                                                   unsigned long long patchSize);
   // The type mismatch of a reader: labelled when a label has been read.
   [[noreturn]] static void throwTypeMissmatch(const qstd::cAsciiString& expected, const qstd::cAsciiString& got,
                                               const qstd::cAsciiString& lastLabel);

@@ -1,8 +1,8 @@
 #include "qelcore/sa/cserializebinary.h"
 
 #include "qelcore/sa/cabstracttypereference.h"
-#include "qelcore/sa/cbinarybytes.h"
 #include "qelcore/sa/csaexceptions.h"
+#include "qelcore/sa/detail/csbinarystorecontextdata.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/ucs/cendecutf8.h"
@@ -10,35 +10,15 @@
 
 namespace qsa {
 
-using namespace binarybytes;
-
-namespace {
-
-// Puts the write position back unless the operation completed.
-class cPosGuard {
-public:
-  explicit cPosGuard(unsigned int& pos) : mrPos(pos), miSaved(pos), mbCommitted(false) {}
-  ~cPosGuard() {
-    if (!mbCommitted) mrPos = miSaved;
-  }
-  void commit() { mbCommitted = true; }
-  unsigned int saved() const { return miSaved; }
-
-private:
-  unsigned int& mrPos;
-  unsigned int miSaved;
-  bool mbCommitted;
-};
-
-}  // namespace
-
 cSerializeBinary::cSerializeBinary() : mrData(mOwnData), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
   setPreferNoLabels(true);
+  trackPosition(&miPos);
 }
 
 cSerializeBinary::cSerializeBinary(qstd::tArray<char>& target)
     : mrData(target), miPos(0), mpCurrent(0), meStringStoreMode(StoreUCS4) {
   setPreferNoLabels(true);
+  trackPosition(&miPos);
 }
 
 cSerializeBinary::cSerializeBinary(const cSerializeBinary& other)
@@ -47,7 +27,9 @@ cSerializeBinary::cSerializeBinary(const cSerializeBinary& other)
       mrData(mOwnData),
       miPos(other.miPos),
       mpCurrent(0),
-      meStringStoreMode(other.meStringStoreMode) {}
+      meStringStoreMode(other.meStringStoreMode) {
+  trackPosition(&miPos);
+}
 
 cSerializeBinary::~cSerializeBinary() { detachContexts(); }
 
@@ -101,7 +83,7 @@ void cSerializeBinary::storeRaw(const char* p, unsigned int n) {
 }
 
 void cSerializeBinary::storeBlock(const char* pData, unsigned int iSize) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   if (iSize < 0xFFFFFFFFu) {
     char* p = reserve(8);
     put32(p, idRawBytes);
@@ -118,7 +100,7 @@ void cSerializeBinary::storeBlock(const char* pData, unsigned int iSize) {
 }
 
 void cSerializeBinary::store(const qucs::cString& value) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   const unsigned int n = value.size();
   if (meStringStoreMode == StoreUCS4) {
     if (n > (0xFFFFFFFFu - 8) / 4)
@@ -155,7 +137,7 @@ void cSerializeBinary::clear() {
 }
 
 cContextRef cSerializeBinary::newContext(const char* pName) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   const unsigned int begin = miPos;
   storeTypeId(idContext);
   const unsigned int sizePos = miPos;
@@ -176,7 +158,7 @@ void cSerializeBinary::releaseCurrentContext() {
 }
 
 cAbstractSerializer& cSerializeBinary::newLabel(const qstd::cAsciiString& name) {
-  cPosGuard guard(miPos);
+  cPositionGuard guard(miPos);
   storeTypeId(idLabel);
   store(name);
   guard.commit();
@@ -211,10 +193,64 @@ void cSerializeBinary::patch(unsigned int position, const cAbstractTypeReference
     qstd::cSTDExceptions::throwOutOfRange("cSerializeBinary", "patch", qstd::OutOfRangeValue, position, 0,
                                           miPos >= n ? miPos - n : 0);
   if (n == 0) return;
-  if (get32(mrData.data() + position) != get32(element.mrData.data()))
-    qstd::cSTDExceptions::throwTypeMissmatch(qstd::cAsciiString(idToString(get32(element.mrData.data()))),
-                                             qstd::cAsciiString(idToString(get32(mrData.data() + position))));
-  std::memcpy(mrData.data() + position, element.mrData.data(), n);
+  // Element by element: each must find one of its own type and size in place.
+  const char* pOld = mrData.data();
+  const char* pNew = element.mrData.data();
+  unsigned int at = position;
+  for (unsigned int from = 0; from < n;) {
+    const unsigned int id = get32(pNew + from);
+    if (miPos - at < 4 || get32(pOld + at) != id)
+      qstd::cSTDExceptions::throwTypeMissmatch(
+          qstd::cAsciiString(idToString(id)),
+          qstd::cAsciiString(miPos - at < 4 ? "end of data" : idToString(get32(pOld + at))));
+    const unsigned long long newEnd = elementEnd(pNew, from, n);
+    const unsigned long long oldEnd = elementEnd(pOld, at, miPos);
+    if (oldEnd - at != newEnd - from) cSAExceptions::throwPatchSizeMissmatch(at, oldEnd - at, newEnd - from);
+    at = static_cast<unsigned int>(oldEnd);
+    from = static_cast<unsigned int>(newEnd);
+  }
+  std::memcpy(mrData.data() + position, pNew, n);
+}
+
+// Where the element that starts at `pos` ends, as its header tells; past
+// `limit` when the header is cut off or the element is none this writer makes.
+unsigned long long cSerializeBinary::elementEnd(const char* pData, unsigned int pos, unsigned int limit) {
+  const unsigned long long past = static_cast<unsigned long long>(limit) + 1;
+  const unsigned int body = pos + 4;
+  const unsigned int left = limit - body;
+  switch (get32(pData + pos)) {
+    case idUChar:
+    case idChar:
+      return body + 1ull;
+    case idUInt16:
+    case idInt16:
+      return body + 2ull;
+    case idUInt32:
+    case idInt32:
+    case idBool:
+      return body + 4ull;
+    case idUInt64:
+    case idInt64:
+    case idDouble:
+      return body + 8ull;
+    case idRawBytes:
+    case idAsciiString:
+    case idStringUTF8:
+      return left < 4 ? past : body + 4ull + get32(pData + body);
+    case idString:
+      return left < 4 ? past : body + 4ull + 4ull * get32(pData + body);
+    case idRawBytes64:
+      return left < 8 ? past : body + 8ull + get64(pData + body);
+    case idContext:
+      // The size counts from the size element on.
+      return left < 8 ? past : body + static_cast<unsigned long long>(get32(pData + body + 4));
+    case idContext64:
+      return left < 12 ? past : body + get64(pData + body + 4);
+    case idLabel:
+      return left < 8 ? past : body + 8ull + get32(pData + body + 4);
+    default:
+      return past;
+  }
 }
 
 // ---------------------------------------------------------------------------
@@ -237,7 +273,7 @@ void cSBinaryStoreContextData::finish() {
   cSerializeBinary& s = *mpSerializer;
   miEnd = s.miPos;
   // The size element was written with the header, so it is overwritten in place.
-  put32(s.mrData.data() + miSizePos + 4, miEnd - miSizePos);
+  cSerializeBinary::put32(s.mrData.data() + miSizePos + 4, miEnd - miSizePos);
   mbFinished = true;
 }
 

@@ -12,8 +12,6 @@
 
 #include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractserializer.h"
-#include "qelcore/sa/cbinarybytes.h"
-#include "qelcore/sa/csbinarystorecontextdata.h"
 #include "qelcore/sa/cserializebinaryshared.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
@@ -22,6 +20,7 @@
 
 namespace qsa {
 
+class cSBinaryStoreContextData;
 class cAbstractTypeReference;
 
 class QEL_EXPORT cSerializeBinary : public cAbstractSerializer, public cSerializeBinaryShared {
@@ -47,13 +46,13 @@ public:
     if (n > 0xFFFFFFFFu - 8) throwStringTooLong(n);
     // One reservation for the whole element: nothing can fail after it.
     char* p = reserveFast(8 + n);
-    binarybytes::putTagged32(p, idAsciiString, n);
-    binarybytes::copyBytes(p + 8, value.c_str(), n);
+    putTagged32(p, idAsciiString, n);
+    copyBytes(p + 8, value.c_str(), n);
     miPos += 8 + n;
   }
   // The fixed-width values are written inline; the format is fixed, so a
   // derived archive cannot change them.
-  void store(double value) final { putFixed(idDouble, binarybytes::doubleBits(value)); }
+  void store(double value) final { putFixed(idDouble, doubleBits(value)); }
   void store(bool value) final { putFixed(idBool, value ? 1u : 0u); }
   void store(long long value) final { putFixed(idInt64, static_cast<unsigned long long>(value)); }
   void store(unsigned long long value) final { putFixed(idUInt64, value); }
@@ -89,8 +88,10 @@ public:
 
   // The array written into, cut to the written bytes.
   qstd::tArray<char>& ownData();
-  // Rewrites the element at `position` (which must be of the same size) with
-  // the referenced value; the write position stays.
+  // Rewrites the element at `position` with the referenced value; the write
+  // position stays. The value must have the element's type and size (a value
+  // made of several elements, those of the elements that follow): otherwise
+  // the type mismatch or the patch size error is thrown and nothing changes.
   void patch(unsigned int position, const cAbstractTypeReference& value);
   unsigned int currentPos() const { return miPos; }
   void setStringStoreMode(StringStoreMode mode) { meStringStoreMode = mode; }
@@ -109,24 +110,24 @@ private:
   }
   void putFixed(unsigned int id, unsigned char v) {
     char* p = reserveFast(5);
-    binarybytes::put32(p, id);
+    put32(p, id);
     p[4] = static_cast<char>(v);
     miPos += 5;
   }
   void putFixed(unsigned int id, unsigned short v) {
     char* p = reserveFast(6);
-    binarybytes::put32(p, id);
-    binarybytes::put16(p + 4, v);
+    put32(p, id);
+    put16(p + 4, v);
     miPos += 6;
   }
   void putFixed(unsigned int id, unsigned int v) {
     char* p = reserveFast(8);
-    binarybytes::putTagged32(p, id, v);
+    putTagged32(p, id, v);
     miPos += 8;
   }
   void putFixed(unsigned int id, unsigned long long v) {
     char* p = reserveFast(12);
-    binarybytes::putTagged64(p, id, v);
+    putTagged64(p, id, v);
     miPos += 12;
   }
   template <class T>
@@ -137,13 +138,14 @@ private:
     char* p = reserve(static_cast<unsigned long long>(size) * count);
     for (unsigned int i = 0; i < count; ++i, p += size) {
       if (sizeof(T) == 4)
-        binarybytes::putTagged32(p, id, static_cast<unsigned int>(binarybytes::bitsOf(values[i])));
+        putTagged32(p, id, static_cast<unsigned int>(bitsOf(values[i])));
       else
-        binarybytes::putTagged64(p, id, binarybytes::bitsOf(values[i]));
+        putTagged64(p, id, bitsOf(values[i]));
     }
     miPos += size * count;
   }
   [[noreturn]] static void throwStringTooLong(unsigned int n);
+  static unsigned long long elementEnd(const char* pData, unsigned int pos, unsigned int limit);
   void storeTypeId(unsigned int id);
   void storeRaw(const char* p, unsigned int n);
   void detachContexts();

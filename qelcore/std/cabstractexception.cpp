@@ -215,33 +215,66 @@ void cAbstractException::createMessage(qucs::cString& out, const qucs::cString& 
 }
 
 void cAbstractException::store(qsa::cAbstractSerializer& s) const {
+  qsa::cPositionGuard guard(s);
   typeName() >> s;
   static_cast<int>(meType) >> s;
   mbOutOfMemory >> s;
+  guard.commit();
+}
+
+void cAbstractException::loadKind(qsa::cAbstractDeserializer& d, Type& type, bool& outOfMemory) {
+  qsa::cPositionGuard guard(d);
+  int kind = 0;
+  bool oom = false;
+  kind << d;
+  oom << d;
+  if (kind != TypeBug && kind != TypeRuntime)
+    cSTDExceptions::throwOutOfRange("cAbstractException", "load", OutOfRangeValue, kind, TypeBug, TypeRuntime);
+  guard.commit();
+  type = static_cast<Type>(kind);
+  outOfMemory = oom;
 }
 
 void cAbstractException::load(qsa::cAbstractDeserializer& d) {
-  int type = 0;
-  bool outOfMemory = false;
-  type << d;
-  outOfMemory << d;
-  if (type != TypeBug && type != TypeRuntime)
-    cSTDExceptions::throwOutOfRange("cAbstractException", "load", OutOfRangeValue, type, TypeBug, TypeRuntime);
-  meType = static_cast<Type>(type);
-  mbOutOfMemory = outOfMemory;
+  Type type;
+  bool outOfMemory;
+  loadKind(d, type, outOfMemory);
+  setKind(type, outOfMemory);
+}
+
+void cAbstractException::storeWithMessage(qsa::cAbstractSerializer& s, const qucs::cLIMessage& message) const {
+  qsa::cPositionGuard guard(s);
+  cAbstractException::store(s);
+  message >> s;
+  guard.commit();
+}
+
+void cAbstractException::loadWithMessage(qsa::cAbstractDeserializer& d, qucs::cLIMessage& message) {
+  qsa::cPositionGuard guard(d);
+  Type type;
+  bool outOfMemory;
+  loadKind(d, type, outOfMemory);
+  qucs::cLIMessage loaded;
+  loaded << d;
+  guard.commit();
+  setKind(type, outOfMemory);
+  message.swap(loaded);
 }
 
 void cAbstractException::storeRecursive(qsa::cAbstractSerializer& s) const {
   QEL_TRACE("cAbstractException::storeRecursive");
+  qsa::cPositionGuard guard(s);
   for (const cAbstractException* e = this; e; e = e->mpHistory) {
     true >> s;
     e->store(s);
   }
   false >> s;
+  guard.commit();
 }
 
 tAutoPtr<cAbstractException> cAbstractException::createFromStream(qsa::cAbstractDeserializer& d,
                                                                   const cAbstractExceptionFactory& factory) {
+  qsa::cPositionGuard guard(d);
   tAutoPtr<cAbstractException> first;
   cAbstractException* last = nullptr;
   for (unsigned int n = 0;; ++n) {
@@ -266,6 +299,7 @@ tAutoPtr<cAbstractException> cAbstractException::createFromStream(qsa::cAbstract
       last = next;
     }
   }
+  guard.commit();
   return first;
 }
 

@@ -117,6 +117,18 @@ public:
 
 protected:
   void setOutOfMemoryCondition(bool on) { mbOutOfMemory = on; }
+  // What load() reads, without changing the exception, and its setting:
+  // a class that loads more than the base applies it when all was read.
+  static void loadKind(qsa::cAbstractDeserializer& d, Type& type, bool& outOfMemory);
+  void setKind(Type type, bool outOfMemory) {
+    meType = type;
+    mbOutOfMemory = outOfMemory;
+  }
+  // For classes that store a message after the base's part: both in one
+  // go, and back; a failed load changes neither the exception nor `message`
+  // and leaves the reader where it was.
+  void storeWithMessage(qsa::cAbstractSerializer& s, const qucs::cLIMessage& message) const;
+  void loadWithMessage(qsa::cAbstractDeserializer& d, qucs::cLIMessage& message);
 
 private:
   friend class cSTDExceptions;

@@ -221,11 +221,9 @@ long long cAsciiString::toInt() const { return cNumberConversion::fromString(*th
 long long cAsciiString::toInt(const cNumberConversionFormat& format) const {
   return cNumberConversion::fromString(*this, format);
 }
-unsigned long long cAsciiString::toUInt() const {
-  return static_cast<unsigned long long>(cNumberConversion::fromString(*this));
-}
+unsigned long long cAsciiString::toUInt() const { return cNumberConversion::fromStringToUnsigned(*this); }
 unsigned long long cAsciiString::toUInt(const cNumberConversionFormat& format) const {
-  return static_cast<unsigned long long>(cNumberConversion::fromString(*this, format));
+  return cNumberConversion::fromStringToUnsigned(*this, format);
 }
 double cAsciiString::toDouble() const { return cNumberConversion::fromStringToDouble(*this); }
 double cAsciiString::toDouble(const cNumberConversionFormat& format) const {

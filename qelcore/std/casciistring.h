@@ -111,7 +111,8 @@ public:
   cAsciiString& addDouble(double value);
   cAsciiString& addDouble(double value, const cNumberConversionFormat& format);
   // Parse the whole string; a bad character throws the invalid-decimal
-  // runtime exception.
+  // runtime exception, a value outside the type's range the number
+  // conversion exception (toUInt() takes 0 to 2^64 - 1).
   long long toInt() const;
   long long toInt(const cNumberConversionFormat& format) const;
   unsigned long long toUInt() const;

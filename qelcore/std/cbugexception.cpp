@@ -18,14 +18,8 @@ void cBugException::throwAssertionFailed(const char* expr, const char* file, uns
   cSTDExceptions::throwAssertionFailed(expr, file, line);
 }
 
-void cBugException::store(qsa::cAbstractSerializer& s) const {
-  cAbstractException::store(s);
-  mMessage >> s;
-}
+void cBugException::store(qsa::cAbstractSerializer& s) const { storeWithMessage(s, mMessage); }
 
-void cBugException::load(qsa::cAbstractDeserializer& d) {
-  cAbstractException::load(d);
-  mMessage << d;
-}
+void cBugException::load(qsa::cAbstractDeserializer& d) { loadWithMessage(d, mMessage); }
 
 }  // namespace qstd

@@ -52,16 +52,19 @@ void cBuildInfo::swap(cBuildInfo& other) {
 }
 
 qsa::cAbstractSerializer& cBuildInfo::operator>>(qsa::cAbstractSerializer& s) const {
+  qsa::cPositionGuard guard(s);
   mBuildSystem >> s;
   mCompiler >> s;
   mCompilerVersion >> s;
   mBuildHost >> s;
   mBuildDate >> s;
   miBuildCount >> s;
+  guard.commit();
   return s;
 }
 
 qsa::cAbstractDeserializer& cBuildInfo::operator<<(qsa::cAbstractDeserializer& d) {
+  qsa::cPositionGuard guard(d);
   cBuildInfo read;
   read.mBuildSystem << d;
   read.mCompiler << d;
@@ -69,6 +72,7 @@ qsa::cAbstractDeserializer& cBuildInfo::operator<<(qsa::cAbstractDeserializer& d
   read.mBuildHost << d;
   read.mBuildDate << d;
   read.miBuildCount << d;
+  guard.commit();
   swap(read);
   return d;
 }

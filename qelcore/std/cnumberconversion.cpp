@@ -180,16 +180,35 @@ int digitIn(const cNumberConversionFormat& format, unsigned int c, unsigned int 
   return -1;
 }
 
-// Returns false with the index of the offending character.
+const unsigned long long LargestSigned = 0x7FFFFFFFFFFFFFFFull;
+
+// How an integer text was read.
+enum eIntegerParse { ParsedInteger, InvalidCharacter, OutOfRange };
+
+// Appends digit `d` to `value`; false when the result would pass `limit`.
+inline bool addDigit(unsigned long long& value, unsigned int base, unsigned int d, unsigned long long limit) {
+  unsigned long long next;
+  if (__builtin_mul_overflow(value, static_cast<unsigned long long>(base), &next) ||
+      __builtin_add_overflow(next, static_cast<unsigned long long>(d), &next) || next > limit)
+    return false;
+  value = next;
+  return true;
+}
+
+// Reads an integer as its magnitude and sign. The magnitude may reach
+// `positiveLimit`, or `negativeLimit` with a minus sign; a digit that would
+// pass it is reported (index) as out of range, a character that is no digit
+// as invalid.
 template <typename C>
-bool parseInteger(const C* text, unsigned int length, const cNumberConversionFormat& format, long long& result,
-                  unsigned int& badIndex) {
-  result = 0;
-  if (length == 0) return true;
+eIntegerParse parseInteger(const C* text, unsigned int length, const cNumberConversionFormat& format,
+                           unsigned long long positiveLimit, unsigned long long negativeLimit,
+                           unsigned long long& magnitude, bool& negative, unsigned int& index) {
+  magnitude = 0;
+  negative = false;
+  if (length == 0) return ParsedInteger;
   unsigned int i = 0;
   if (format.ignoreLeadingSpaces())
     while (i < length && code(text[i]) == ' ') ++i;
-  bool negative = false;
   if (i < length && code(text[i]) == '-') {
     negative = true;
     ++i;
@@ -202,44 +221,92 @@ bool parseInteger(const C* text, unsigned int length, const cNumberConversionFor
       i += prefix;
     }
   }
-  // Unsigned arithmetic: overflowing input wraps instead of being undefined.
+  // The sign can still flip before the first digit, and so can the limit.
+  unsigned long long limit = negative ? negativeLimit : positiveLimit;
   unsigned long long value = 0;
   bool digitSeen = false;
   if (format.hasStandardSymbols() && base <= 10) {
+    // Below this, one more digit of a base up to 10 stays within 63 bits,
+    // so the common short number needs no overflow check.
+    const unsigned long long unchecked = 0x0CCCCCCCCCCCCCCBull;
+    unsigned long long safeBelow = limit >= LargestSigned ? unchecked : 0;
     for (; i < length; ++i) {
-      value *= base;
       unsigned int c = code(text[i]);
       unsigned int d = c - '0';
       if (d < base) {
-        value += d;
+        if (value < safeBelow) {
+          value = value * base + d;
+        } else if (!addDigit(value, base, d, limit)) {
+          index = i;
+          return OutOfRange;
+        }
         digitSeen = true;
       } else if (c == '-' && !digitSeen) {
         negative = !negative;
+        limit = negative ? negativeLimit : positiveLimit;
+        safeBelow = limit >= LargestSigned ? unchecked : 0;
       } else {
-        badIndex = i;
-        return false;
+        index = i;
+        return InvalidCharacter;
       }
     }
   } else {
     for (; i < length; ++i) {
-      value *= base;
       unsigned int c = code(text[i]);
       if (c == '-' && !digitSeen) {
         negative = !negative;
+        limit = negative ? negativeLimit : positiveLimit;
         continue;
       }
       int d = digitIn(format, c, base);
       if (d < 0) {
-        badIndex = i;
-        return false;
+        index = i;
+        return InvalidCharacter;
       }
-      value += static_cast<unsigned int>(d);
+      if (!addDigit(value, base, static_cast<unsigned int>(d), limit)) {
+        index = i;
+        return OutOfRange;
+      }
       digitSeen = true;
     }
   }
-  if (negative) value = 0ULL - value;
-  result = static_cast<long long>(value);
-  return true;
+  magnitude = value;
+  return ParsedInteger;
+}
+
+// The text of a failed parse as a string.
+template <typename C>
+qucs::cString textOf(const C* text, unsigned int length) {
+  qucs::cString s;
+  for (unsigned int i = 0; i < length; ++i) s.append(code(text[i]));
+  return s;
+}
+
+[[noreturn]] void throwInvalid(const char* text, unsigned int length, unsigned int index) {
+  cSTDExceptions::throwInvalidDecimal(text, length, index);
+}
+[[noreturn]] void throwInvalid(const unsigned int* text, unsigned int length, unsigned int index) {
+  cSTDExceptions::throwInvalidDecimal(textOf(text, length), index);
+}
+
+// Text to a signed or an unsigned 64-bit value, or the exception for the
+// first character that does not fit.
+template <typename C>
+unsigned long long parseOrThrow(const C* text, unsigned int length, const cNumberConversionFormat& format,
+                                bool toUnsigned) {
+  unsigned long long magnitude;
+  bool negative;
+  unsigned int index = 0;
+  switch (parseInteger(text, length, format, toUnsigned ? ~0ull : LargestSigned, toUnsigned ? 0ull : LargestSigned + 1,
+                       magnitude, negative, index)) {
+    case InvalidCharacter:
+      throwInvalid(text, length, index);
+    case OutOfRange:
+      cSTDExceptions::throwNumberConversion(textOf(text, length), index);
+    default:
+      break;
+  }
+  return negative ? 0ull - magnitude : magnitude;
 }
 
 template <typename C>
@@ -357,11 +424,8 @@ void cNumberConversion::toStringFromDouble(double value, tByteArray& out, const 
 // --- text to integer --------------------------------------------------------------
 
 long long cNumberConversion::fromString(const char* text, unsigned int length, const cNumberConversionFormat& format) {
-  long long result;
-  unsigned int bad = 0;
   if (!text) length = 0;
-  if (!parseInteger(text, length, format, result, bad)) cSTDExceptions::throwInvalidDecimal(text, length, bad);
-  return result;
+  return static_cast<long long>(parseOrThrow(text, length, format, false));
 }
 long long cNumberConversion::fromString(const char* text, const cNumberConversionFormat& format) {
   return fromString(text, text ? static_cast<unsigned int>(std::strlen(text)) : 0, format);
@@ -376,12 +440,18 @@ long long cNumberConversion::fromString(const tConstByteArrayRef& text, const cN
   return fromString(bytesOf(text), text.size(), format);
 }
 long long cNumberConversion::fromString(const qucs::cString& text, const cNumberConversionFormat& format) {
-  long long result;
-  unsigned int bad = 0;
-  if (!parseInteger(text.size() ? text.data() : static_cast<const unsigned int*>(nullptr), text.size(), format, result,
-                    bad))
-    cSTDExceptions::throwInvalidDecimal(text, bad);
-  return result;
+  return static_cast<long long>(
+      parseOrThrow(text.size() ? text.data() : static_cast<const unsigned int*>(nullptr), text.size(), format, false));
+}
+
+unsigned long long cNumberConversion::fromStringToUnsigned(const cAsciiString& text,
+                                                           const cNumberConversionFormat& format) {
+  return parseOrThrow(text.c_str(), text.size(), format, true);
+}
+
+unsigned long long cNumberConversion::fromStringToUnsigned(const qucs::cString& text,
+                                                           const cNumberConversionFormat& format) {
+  return parseOrThrow(text.size() ? text.data() : static_cast<const unsigned int*>(nullptr), text.size(), format, true);
 }
 
 // --- text to double -------------------------------------------------------------

@@ -78,7 +78,8 @@ private:
 
 public:
   // Text to integer; an invalid character throws cRuntimeException
-  // "Invalid decimal number ..." with its index.
+  // "Invalid decimal number ..." with its index. A value outside the 64-bit
+  // range throws cNumberConversionException at the digit that passes it.
   static long long fromString(const cAsciiString& text,
                               const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static long long fromString(const qucs::cString& text,
@@ -91,6 +92,13 @@ public:
                               const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static long long fromString(const tConstByteArrayRef& text,
                               const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+
+  // Text to an unsigned 64-bit integer (0 to 2^64 - 1), read as fromString()
+  // reads; a minus sign is accepted only before a zero value.
+  static unsigned long long fromStringToUnsigned(
+      const cAsciiString& text, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+  static unsigned long long fromStringToUnsigned(
+      const qucs::cString& text, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
 
   // Text to double.
   static double fromStringToDouble(const cAsciiString& text,

@@ -13,14 +13,8 @@ cRuntimeException::cRuntimeException(const qucs::cLIMessage& msg, const char* fi
 const qucs::cLIMessage* cRuntimeException::liMessage() const { return &mMessage; }
 void cRuntimeException::setMsg(const qucs::cLIMessage& msg) { mMessage = msg; }
 
-void cRuntimeException::store(qsa::cAbstractSerializer& s) const {
-  cAbstractException::store(s);
-  mMessage >> s;
-}
+void cRuntimeException::store(qsa::cAbstractSerializer& s) const { storeWithMessage(s, mMessage); }
 
-void cRuntimeException::load(qsa::cAbstractDeserializer& d) {
-  cAbstractException::load(d);
-  mMessage << d;
-}
+void cRuntimeException::load(qsa::cAbstractDeserializer& d) { loadWithMessage(d, mMessage); }
 
 }  // namespace qstd

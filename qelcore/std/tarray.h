@@ -9,11 +9,9 @@
 #define QELCORE_STD_TARRAY_H
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <functional>
-#include <type_traits>
 
+#include "qelcore/std/cpoolmemory.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tabstractarrayproxy.h"
 #include "qelcore/std/tarrayasciistringtraits.h"
@@ -31,7 +29,7 @@ namespace qstd {
 
 template <typename T, typename Traits = tArrayByteLevelTraits<T>>
 class tArray : public tAbstractArrayProxy<T>, public tArrayReadOps<tArray<T, Traits>, T> {
-  static_assert(std::is_trivially_copyable<T>::value, "tArray moves its elements as plain memory");
+  static_assert(__is_trivially_copyable(T), "tArray moves its elements as plain memory");
   typedef tArrayReadOps<tArray<T, Traits>, T> tReadOps;
   friend tReadOps;
 
@@ -92,7 +90,9 @@ public:
     other.miSize = 0;
     other.miAllocated = 0;
   }
-  ~tArray() override { std::free(mpPool); }
+  ~tArray() override {
+    if (mpPool) cPoolMemory::release(mpPool);
+  }
 
   tArray& operator=(const tArray& other) {
     if (this != &other) {
@@ -481,10 +481,12 @@ private:
   static const char* readSource() { return "std/tarray"; }
   int relationTo(const T* p) const { return relation(p, p == nullptr ? 0 : arrayops::terminatedLength(p)); }
 
+  // Whether `p` points into the pool (insertions from the array itself). The
+  // addresses are compared as integers: `p` may belong to another object.
   bool insidePool(const T* p) const {
-    std::less_equal<const T*> le;
-    std::less<const T*> lt;
-    return mpPool != nullptr && le(mpPool, p) && lt(p, mpPool + miPoolSize + Traits::ExtraElements);
+    const std::uintptr_t at = reinterpret_cast<std::uintptr_t>(p);
+    const std::uintptr_t begin = reinterpret_cast<std::uintptr_t>(mpPool);
+    return mpPool != nullptr && at >= begin && at < begin + (miPoolSize + Traits::ExtraElements) * sizeof(T);
   }
 
   static void copyElements(T* dest, const T* from, unsigned int n) {
@@ -536,13 +538,13 @@ private:
     }
     const std::size_t bytes = (static_cast<std::size_t>(allocate) + Traits::ExtraElements) * sizeof(T);
     if (bytes == 0) {
-      std::free(mpPool);
+      cPoolMemory::release(mpPool);
       mpPool = nullptr;
       miPoolSize = 0;
       miAllocated = 0;
       return;
     }
-    T* pool = static_cast<T*>(std::realloc(mpPool, bytes));
+    T* pool = static_cast<T*>(cPoolMemory::resize(mpPool, bytes));
     if (pool == nullptr) {
       cSTDExceptions::throwOutOfMemory();
     }

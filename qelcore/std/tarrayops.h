@@ -4,7 +4,6 @@
 #define QELCORE_STD_TARRAYOPS_H
 
 #include <cstring>
-#include <type_traits>
 
 #include "qelcore/std/cstdexceptions.h"
 

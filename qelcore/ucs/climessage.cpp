@@ -1,5 +1,6 @@
 #include "qelcore/ucs/climessage.h"
 
+#include <algorithm>
 #include <cstring>
 #include <type_traits>
 #include <utility>
@@ -63,6 +64,22 @@ inline unsigned int charCode(C c) {
   return static_cast<unsigned int>(static_cast<typename std::make_unsigned<C>::type>(c));
 }
 
+// Orders a parameter's name against the placeholder text[p.miStart, +n):
+// shorter names first, then character by character (as rendered, with
+// non-ASCII as "?" when asked). Negative when the name comes first.
+template <typename C>
+int compareName(const cParam& param, const C* text, unsigned int start, unsigned int n, bool nonAsciiAsQuestion) {
+  const unsigned int size = param.msName.size();
+  if (size != n) return size < n ? -1 : 1;
+  const unsigned char* name = reinterpret_cast<const unsigned char*>(param.msName.c_str());
+  for (unsigned int i = 0; i < n; ++i) {
+    unsigned int c = charCode(text[start + i]);
+    if (nonAsciiAsQuestion && c > 127) c = '?';
+    if (name[i] != c) return name[i] < c ? -1 : 1;
+  }
+  return 0;
+}
+
 // Length of the placeholder's name: everything but a closing percent sign.
 template <typename C>
 unsigned int nameLength(const C* text, const cPlaceholder& p) {
@@ -86,6 +103,17 @@ void appendUnescaped(cString& out, const C* text, unsigned int from, unsigned in
     if (nonAsciiAsQuestion && c > 127) c = '?';
     out.append(c);
   }
+}
+
+// The placeholders of a key, counted only as far as a loaded key may have them.
+unsigned int countPlaceholders(const qstd::cAsciiString& key) {
+  const unsigned char* text = reinterpret_cast<const unsigned char*>(key.c_str());
+  unsigned int count = 0;
+  cPlaceholder p;
+  for (unsigned int pos = 0; count <= cLIMessage::MaxLoadedPlaceholders && findPlaceholder(text, key.size(), pos, p);
+       pos = p.miEnd)
+    ++count;
+  return count;
 }
 
 }  // namespace
@@ -147,25 +175,46 @@ public:
     miScanPos = p.miEnd;
   }
 
-  template <typename C>
-  const cParam* lookup(const C* text, const cPlaceholder& p, bool nonAsciiAsQuestion) const {
-    unsigned int n = nameLength(text, p);
-    for (const cParam& param : mParams) {
-      if (param.msName.size() != n) continue;
-      const char* name = param.msName.c_str();
-      unsigned int i = 0;
-      for (; i < n; ++i) {
-        unsigned int c = charCode(text[p.miStart + i]);
-        if (nonAsciiAsQuestion && c > 127) c = '?';
-        if (static_cast<unsigned char>(name[i]) != c) break;
-      }
-      if (i == n) return &param;
-    }
-    return nullptr;
+  // Up to this many values a placeholder's value is looked up by walking
+  // them; with more, rendering sorts them by name first.
+  static constexpr unsigned int IndexFrom = 8;
+
+  // The parameter indices ordered by name, equal names in binding order, so
+  // that the first of equal names is the one found.
+  std::vector<unsigned int> index() const {
+    std::vector<unsigned int> order(mParams.size());
+    for (unsigned int i = 0; i < order.size(); ++i) order[i] = i;
+    std::stable_sort(order.begin(), order.end(), [this](unsigned int a, unsigned int b) {
+      const qstd::cAsciiString& x = mParams[a].msName;
+      const qstd::cAsciiString& y = mParams[b].msName;
+      if (x.size() != y.size()) return x.size() < y.size();
+      return std::memcmp(x.c_str(), y.c_str(), x.size()) < 0;
+    });
+    return order;
   }
 
+  // The first value bound to the placeholder's name, or null.
+  template <typename C>
+  const cParam* lookup(const C* text, const cPlaceholder& p, bool nonAsciiAsQuestion,
+                       const std::vector<unsigned int>& order) const {
+    const unsigned int n = nameLength(text, p);
+    if (order.empty()) {
+      for (const cParam& param : mParams)
+        if (compareName(param, text, p.miStart, n, nonAsciiAsQuestion) == 0) return &param;
+      return nullptr;
+    }
+    auto at = std::lower_bound(order.begin(), order.end(), 0u, [&](unsigned int i, unsigned int) {
+      return compareName(mParams[i], text, p.miStart, n, nonAsciiAsQuestion) < 0;
+    });
+    if (at == order.end() || compareName(mParams[*at], text, p.miStart, n, nonAsciiAsQuestion) != 0) return nullptr;
+    return &mParams[*at];
+  }
+
+  // Linear in the text and the values it takes in: each placeholder costs a
+  // lookup in the values sorted by name (a walk over them when they are few).
   template <typename C>
   void render(const C* text, unsigned int length, bool nonAsciiAsQuestion, cString& out) const {
+    const std::vector<unsigned int> order = mParams.size() > IndexFrom ? index() : std::vector<unsigned int>();
     cString result;
     // Built character by character: grow in larger sectors meanwhile, then
     // hand over the usual string layout.
@@ -174,7 +223,7 @@ public:
     cPlaceholder p;
     while (findPlaceholder(text, length, pos, p)) {
       appendUnescaped(result, text, pos, p.miStart, nonAsciiAsQuestion);
-      if (const cParam* param = lookup(text, p, nonAsciiAsQuestion))
+      if (const cParam* param = lookup(text, p, nonAsciiAsQuestion, order))
         result.append(param->msValue);
       else
         result.appendC("???", 3);
@@ -355,6 +404,20 @@ qsa::cAbstractDeserializer& cLIMessage::operator<<(qsa::cAbstractDeserializer& d
   scanPosition << d;
   translatable << d;
   n << d;
+  // What another process sends is held to what messages of this library
+  // need, so that rendering it stays small.
+  const unsigned int placeholders = countPlaceholders(key);
+  if (key.size() > MaxLoadedKeyLength)
+    qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeSize, key.size(), 0,
+                                          MaxLoadedKeyLength);
+  if (placeholders > MaxLoadedPlaceholders)
+    qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeSize, placeholders, 0,
+                                          MaxLoadedPlaceholders);
+  if (scanPosition > key.size())
+    qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeValue, scanPosition, 0,
+                                          key.size());
+  if (n > placeholders)
+    qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeSize, n, 0, placeholders);
   cLIMessage read;
   read.restore(key, scanPosition, translatable);
   // The count is not trusted for allocation: every entry is read before it is kept.
@@ -365,6 +428,12 @@ qsa::cAbstractDeserializer& cLIMessage::operator<<(qsa::cAbstractDeserializer& d
     name << d;
     value << d;
     kind << d;
+    if (name.size() > MaxLoadedKeyLength)
+      qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeSize, name.size(), 0,
+                                            MaxLoadedKeyLength);
+    if (value.size() > MaxLoadedValueLength)
+      qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeSize, value.size(), 0,
+                                            MaxLoadedValueLength);
     if (kind > ParamDouble)
       qstd::cSTDExceptions::throwOutOfRange("cLIMessage", "operator<<", qstd::OutOfRangeValue, kind, ParamText,
                                             ParamDouble);

@@ -8,6 +8,9 @@
 // later value is bound to the next placeholder of the template. A template
 // beginning with "$QTR$" is translatable, one beginning with "$QNTR$" is not;
 // the marker is not part of the key.
+//
+// Rendering takes time linear in the text and the values it takes in,
+// however many placeholders and values a message has.
 #ifndef QELCORE_UCS_CLIMESSAGE_H
 #define QELCORE_UCS_CLIMESSAGE_H
 
@@ -30,6 +33,8 @@ class cString;
 class QEL_EXPORT cLIMessage {
 public:
   enum ParamKind { ParamText = 0, ParamInteger = 1, ParamDouble = 2 };
+  // Limits of a message loaded from an archive (see operator<<).
+  enum : unsigned int { MaxLoadedKeyLength = 16384, MaxLoadedPlaceholders = 64, MaxLoadedValueLength = 16384 };
 
   cLIMessage();
   explicit cLIMessage(const qstd::cAsciiString& tmpl);
@@ -77,6 +82,14 @@ public:
   // Archived inside one context: key, scan position, translatable flag, the
   // number of values, then name, value and kind of each. The number format
   // is not archived. Loading changes the message only when all was read.
+  //
+  // Messages arrive from other processes (in remote exceptions), so a loaded
+  // message is held to what this library's messages need: a key of at most
+  // MaxLoadedKeyLength bytes with at most MaxLoadedPlaceholders placeholders,
+  // no more values than placeholders, each value (and name) of at most
+  // MaxLoadedValueLength (MaxLoadedKeyLength) characters. Anything larger is
+  // refused with the out-of-range exception; rendered, a loaded message is
+  // thus at most about a million characters.
   qsa::cAbstractSerializer& operator>>(qsa::cAbstractSerializer& s) const;
   qsa::cAbstractDeserializer& operator<<(qsa::cAbstractDeserializer& d);
 

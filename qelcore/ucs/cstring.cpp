@@ -197,9 +197,11 @@ long long cString::toInt() const {
 long long cString::toInt(const cNumberConversionFormat& format) const {
   return cNumberConversion::fromString(*this, format);
 }
-unsigned long long cString::toUInt() const { return static_cast<unsigned long long>(toInt()); }
+unsigned long long cString::toUInt() const {
+  return cNumberConversion::fromStringToUnsigned(*this, cNumberConversionFormat::systemDefault());
+}
 unsigned long long cString::toUInt(const cNumberConversionFormat& format) const {
-  return static_cast<unsigned long long>(toInt(format));
+  return cNumberConversion::fromStringToUnsigned(*this, format);
 }
 double cString::toDouble() const {
   return cNumberConversion::fromStringToDouble(*this, cNumberConversionFormat::systemDefault());

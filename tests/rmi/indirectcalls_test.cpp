@@ -132,13 +132,14 @@ TEST(IndirectArchiveCalls, ArgumentsInResultsOut) {
   EXPECT_TRUE(renamed.eoc());
 }
 
-TEST(IndirectArchiveCalls, BadArgumentsRaiseTheMissmatchChainAndWriteNothing) {
+TEST(IndirectArchiveCalls, BadArgumentsRaiseTheMissmatchChainAndConsumeAndWriteNothing) {
   cService svc;
   auto callAdd = [&](cSerializeBinary& args) {
     cDeserializeBinary in(args.ownData());
     cSerializeBinary out;
     auto chain = missmatchChainOf([&] { svc.invokeIndirectRemoteSlot("add", in, out); });
     EXPECT_EQ(out.ownData().size(), 0u);
+    EXPECT_EQ(in.currentPos(), 0u);  // the arguments are left unread
     return chain;
   };
   cSerializeBinary wrongType;

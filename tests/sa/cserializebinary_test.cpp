@@ -10,10 +10,14 @@
 #include "qelcore/sa/ctypereference.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
+#include "qelcore/std/cbuildinfo.h"
+#include "qelcore/std/coutofrangeexception.h"
 #include "qelcore/std/ctypemissmatchexception.h"
+#include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
 
 #include "archivetestutil.h"
+#include "support/exceptiontext.h"
 
 using namespace satest;
 using qsa::cSerializeBinary;
@@ -227,4 +231,68 @@ TEST(cSerializeBinary, PatchRewritesAnElementInPlace) {
   int wrongType = 1;
   EXPECT_THROW(s.patch(0, qsa::cTypeReference(wrongType)), qstd::cTypeMissmatchException);
   EXPECT_EQ(bytesOf(s), words({4, 42, 5, 1}));
+  EXPECT_THROW(s.patch(12, qsa::cTypeReference(count)), qstd::cOutOfRangeException);
+}
+
+namespace {
+
+// Stores `before` followed by a marker, patches `before` with `after` and
+// returns whether the patch was taken; a refused patch must leave every byte.
+template <class T>
+bool patched(const T& before, const T& after, cSerializeBinary::StringStoreMode mode = cSerializeBinary::StoreUCS4) {
+  cSerializeBinary s;
+  s.setStringStoreMode(mode);
+  0xABCDu >> s;
+  before >> s;
+  0x5EAu >> s;
+  const Bytes original = bytesOf(s);
+  cSerializeBinary expected;
+  expected.setStringStoreMode(mode);
+  0xABCDu >> expected;
+  after >> expected;
+  0x5EAu >> expected;
+  try {
+    s.patch(8, qsa::cTypeReference(after));
+  } catch (const qstd::cBugException& e) {
+    EXPECT_EQ(bytesOf(s), original);
+    EXPECT_NE(qeltest::textOf(e).find("cannot be patched"), std::string::npos) << qeltest::textOf(e);
+    return false;
+  }
+  EXPECT_EQ(bytesOf(s), bytesOf(expected));
+  return true;
+}
+
+}  // namespace
+
+TEST(cSerializeBinary, PatchTakesOnlyAnElementOfTheSameSize) {
+  // Fixed-width elements always fit their own type.
+  EXPECT_TRUE(patched<unsigned char>(1, 2));
+  EXPECT_TRUE(patched<char>('a', 'b'));
+  EXPECT_TRUE(patched<short>(-1, 2));
+  EXPECT_TRUE(patched<unsigned short>(1, 2));
+  EXPECT_TRUE(patched<int>(-1, 2));
+  EXPECT_TRUE(patched<long long>(-1, 1ll << 40));
+  EXPECT_TRUE(patched<unsigned long long>(1, 2));
+  EXPECT_TRUE(patched<bool>(true, false));
+  EXPECT_TRUE(patched<double>(0.5, 2.5));
+
+  // Elements with a length take the same length only.
+  using qstd::cAsciiString;
+  EXPECT_TRUE(patched(cAsciiString("ab"), cAsciiString("xy")));
+  EXPECT_FALSE(patched(cAsciiString("ab"), cAsciiString("abcdefgh")));
+  EXPECT_FALSE(patched(cAsciiString("abcdefgh"), cAsciiString("ab")));
+  EXPECT_FALSE(patched(cAsciiString("ab"), cAsciiString()));
+  EXPECT_TRUE(patched(qucs::cString("ab"), qucs::cString("xy")));
+  EXPECT_FALSE(patched(qucs::cString("ab"), qucs::cString("abc")));
+  EXPECT_TRUE(patched(qucs::cString("ab"), qucs::cString("xy"), cSerializeBinary::StoreUTF8));
+  EXPECT_FALSE(patched(qucs::cString("ab"), qucs::cString(L"a\u00e9"), cSerializeBinary::StoreUTF8));
+  EXPECT_TRUE(patched(qstd::tArray<char>("abc", 3), qstd::tArray<char>("xyz", 3)));
+  EXPECT_FALSE(patched(qstd::tArray<char>("abc", 3), qstd::tArray<char>("ab", 2)));
+
+  // Contexts and values made of several elements, element by element.
+  EXPECT_TRUE(patched(qucs::cLIMessage("$QTR$a %x%") << 1, qucs::cLIMessage("$QTR$b %x%") << 2));
+  EXPECT_FALSE(patched(qucs::cLIMessage("$QTR$a %x%") << 1, qucs::cLIMessage("$QTR$b %x%") << 22));
+  const qstd::cBuildInfo built("cmake", "g++", "12", "host", "today", 1);
+  EXPECT_TRUE(patched(built, qstd::cBuildInfo("qmake", "gcc", "13", "node", "later", 2)));
+  EXPECT_FALSE(patched(built, qstd::cBuildInfo("cmake", "g++", "12", "hostname", "today", 1)));
 }

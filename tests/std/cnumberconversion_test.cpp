@@ -9,13 +9,17 @@
 #include <gtest/gtest.h>
 
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cnumberconversionexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
 #include "qelcore/std/coutofrangeexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
 
+#include "support/exceptiontext.h"
+
 using namespace qstd;
+using qeltest::textOf;
 using qucs::cString;
 
 namespace {
@@ -169,6 +173,41 @@ TEST(NumberConversion, TextToInteger) {
     e.liMessage()->untranslated(text);
     EXPECT_STREQ(text.c_str(), "Invalid decimal number (\"4?\"). Character at index 1 not points to digit!");
   }
+}
+
+TEST(NumberConversion, TextOutsideTheRangeIsRefusedAtItsDigit) {
+  // Index of the digit that passes the range, or -1 when the text is read.
+  auto passes = [](auto parse) -> long long {
+    try {
+      parse();
+    } catch (const cNumberConversionException& e) {
+      return e.errornousIndex();
+    }
+    return -1;
+  };
+  cNumberConversionFormat f;
+  const long long largest = std::numeric_limits<long long>::max();
+  EXPECT_EQ(cNumberConversion::fromString("9223372036854775807", f), largest);
+  EXPECT_EQ(cNumberConversion::fromString("-0009223372036854775808", f), std::numeric_limits<long long>::min());
+  EXPECT_EQ(cNumberConversion::fromString("0x7fffffffffffffff", f), largest);
+  EXPECT_EQ(passes([&] { cNumberConversion::fromString("9223372036854775808", f); }), 18);
+  EXPECT_EQ(passes([&] { cNumberConversion::fromString("18446744073709551617", f); }), 19);
+  EXPECT_EQ(passes([&] { cNumberConversion::fromString("-9223372036854775809", f); }), 19);
+  EXPECT_EQ(passes([&] { cNumberConversion::fromString("0x8000000000000000", f); }), 17);
+  EXPECT_EQ(passes([&] { cNumberConversion::fromString(("0b" + std::string(64, '1')).c_str(), f); }), 65);
+  EXPECT_EQ(passes([&] { cNumberConversion::fromString("<base:36>zzzzzzzzzzzzz", f); }), 21);  // the slow path
+  EXPECT_EQ(passes([&] { cNumberConversion::fromString(cString("  99999999999999999999x")); }), 20);
+  try {
+    cNumberConversion::fromString("9223372036854775808", f);
+  } catch (const cNumberConversionException& e) {
+    EXPECT_EQ(textOf(e), "Number conversion error. \"9223372036854775808\" contains invalid characters at index 18!");
+  }
+
+  // Unsigned reading takes all 64 bits, and no negative value.
+  EXPECT_EQ(cAsciiString("18446744073709551615").toUInt(), std::numeric_limits<unsigned long long>::max());
+  EXPECT_EQ(cString("-0").toUInt(), 0u);
+  EXPECT_EQ(passes([&] { cAsciiString("18446744073709551616").toUInt(); }), 19);
+  EXPECT_EQ(passes([&] { cString("-1").toUInt(); }), 1);
 }
 
 TEST(NumberConversion, TextToDouble) {

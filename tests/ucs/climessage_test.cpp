@@ -9,6 +9,7 @@
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cnumberconversionformat.h"
+#include "qelcore/std/coutofrangeexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/clilocale.h"
 #include "qelcore/ucs/clitrtable.h"
@@ -193,4 +194,55 @@ TEST(LIMessage, MessageKeepsKeyParametersAndKinds) {
   EXPECT_THROW(keep << t, qstd::cRuntimeException);
   EXPECT_STREQ(keep.key().c_str(), "keep");
   EXPECT_EQ(t.currentPos(), 0u);
+}
+
+TEST(LIMessage, ManyValuesFindTheirPlaceholdersAsFewDo) {
+  // Twenty values and more: looked up by name, with the same rules.
+  std::string key = "$QTR$";
+  std::string expected;
+  cLIMessage m;
+  for (int i = 0; i < 20; ++i) key += "%v" + std::to_string(i) + "% ";
+  key += "%\xe9% %v3% %none%";
+  m << key.c_str();
+  for (int i = 0; i < 20; ++i) {
+    m << i * 10;
+    expected += std::to_string(i * 10) + " ";
+  }
+  m << "wide";
+  m.addParam(cAsciiString("%v3"), cString("later"), cLIMessage::ParamText);  // the first of a name wins
+  expected += "wide 30 ???";
+  EXPECT_EQ(plain(m), expected);
+  EXPECT_EQ(translated(m, "%v19%-%v0%-%?%-%v20%"), "190-0-wide-???");
+}
+
+TEST(LIMessage, LoadedMessagesAreHeldToTheirLimits) {
+  // Archives a message made of `key` and `values` values of `valueLength`
+  // characters, then loads it: whether it was taken, and the reader did not
+  // move when it was not.
+  auto loads = [](const std::string& key, unsigned int values, unsigned int valueLength) {
+    cLIMessage m;
+    m.restore(cAsciiString(key.c_str()), 0, true);
+    for (unsigned int i = 0; i < values; ++i)
+      m.addParam(cAsciiString("%p"), cString(std::string(valueLength, 'x').c_str()), cLIMessage::ParamText);
+    qsa::cSerializeBinary s;
+    m >> s;
+    qsa::cDeserializeBinary d(s.ownData());
+    cLIMessage back("$QTR$kept");
+    try {
+      back << d;
+    } catch (const qstd::cOutOfRangeException&) {
+      EXPECT_EQ(d.currentPos(), 0u);
+      EXPECT_STREQ(back.key().c_str(), "kept");
+      return false;
+    }
+    return true;
+  };
+  std::string many;
+  for (unsigned int i = 0; i < cLIMessage::MaxLoadedPlaceholders; ++i) many += "%p ";
+  EXPECT_TRUE(loads(many, cLIMessage::MaxLoadedPlaceholders, cLIMessage::MaxLoadedValueLength));
+  EXPECT_FALSE(loads(many + "%p", 1, 1));                              // one placeholder too many
+  EXPECT_FALSE(loads("%p", 2, 1));                                     // more values than placeholders
+  EXPECT_FALSE(loads("%p", 1, cLIMessage::MaxLoadedValueLength + 1));  // a value too long
+  EXPECT_FALSE(loads(std::string(cLIMessage::MaxLoadedKeyLength + 1, 'k'), 0, 0));
+  EXPECT_TRUE(loads(std::string(cLIMessage::MaxLoadedKeyLength, 'k'), 0, 0));
 }

@@ -1,15 +1,14 @@
-// One open context of a cDeserializeBinary.
-#ifndef QELCORE_SA_CSBINARYLOADCONTEXTDATA_H
-#define QELCORE_SA_CSBINARYLOADCONTEXTDATA_H
+// One open context of a cDeserializeBinary; private to the archive sources.
+#ifndef QELCORE_SA_DETAIL_CSBINARYLOADCONTEXTDATA_H
+#define QELCORE_SA_DETAIL_CSBINARYLOADCONTEXTDATA_H
 
-#include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractcontextdata.h"
 
 namespace qsa {
 
 class cDeserializeBinary;
 
-class QEL_EXPORT cSBinaryLoadContextData : public cAbstractContextData {
+class cSBinaryLoadContextData : public cAbstractContextData {
 public:
   cSBinaryLoadContextData(cDeserializeBinary& deserializer, cSBinaryLoadContextData* pEnclosing, unsigned int iBegin,
                           unsigned int iStart, unsigned int iHeaderEnd, unsigned long long iSize);

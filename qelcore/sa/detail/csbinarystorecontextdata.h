@@ -1,15 +1,14 @@
-// One open context of a cSerializeBinary.
-#ifndef QELCORE_SA_CSBINARYSTORECONTEXTDATA_H
-#define QELCORE_SA_CSBINARYSTORECONTEXTDATA_H
+// One open context of a cSerializeBinary; private to the archive sources.
+#ifndef QELCORE_SA_DETAIL_CSBINARYSTORECONTEXTDATA_H
+#define QELCORE_SA_DETAIL_CSBINARYSTORECONTEXTDATA_H
 
-#include "qelcore/qelexport.h"
 #include "qelcore/sa/cabstractcontextdata.h"
 
 namespace qsa {
 
 class cSerializeBinary;
 
-class QEL_EXPORT cSBinaryStoreContextData : public cAbstractContextData {
+class cSBinaryStoreContextData : public cAbstractContextData {
 public:
   cSBinaryStoreContextData(cSerializeBinary& serializer, cSBinaryStoreContextData* pEnclosing, unsigned int iBegin,
                            unsigned int iSizePos);
