@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 
 #include "cnetipv6address.h"
 #include "qelcore/std/cabstractexception.h"
