@@ -35,3 +35,20 @@ endif()
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+# qelcore_add_module(<target> <output name> <directory> <sources>...): a module
+# file, named as the platform names them (lib<name>.so, <name>.dll), built
+# into <directory>.
+function(qelcore_add_module target name directory)
+  add_library(${target} MODULE ${ARGN})
+  target_link_libraries(${target} PRIVATE QELCore::qelcore qelcore_warnings)
+  if(WIN32)
+    set(prefix "")
+    set(suffix ".dll")
+  else()
+    set(prefix "lib")
+    set(suffix ".so")
+  endif()
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} PREFIX "${prefix}" SUFFIX "${suffix}"
+    LIBRARY_OUTPUT_DIRECTORY ${directory} RUNTIME_OUTPUT_DIRECTORY ${directory})
+endfunction()

@@ -3,6 +3,7 @@
 #define QELCORE_QELCORE_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/qelversion.h"
 
 // pi: platform interface
 #include "qelcore/pi/cabstractout.h"
@@ -151,16 +152,29 @@
 // pi: the class loader interface
 #include "qelcore/pi/cabstractclassloader.h"
 
-// qce: core extensions
+// qce: core extensions and network addresses
 #include "qelcore/qce/cabstractcoreextension.h"
+#include "qelcore/qce/cabstractendecextension.h"
+#include "qelcore/qce/cabstractsaextension.h"
 #include "qelcore/qce/ccoreextensionmgr.h"
 #include "qelcore/qce/cextensionpair.h"
+#include "qelcore/qce/cgenericextension.h"
+#include "qelcore/qce/cgenericplugin.h"
+#include "qelcore/qce/cqceexceptions.h"
+#include "qelcore/qce/cunsupportedextensionexception.h"
+#include "qelcore/qce/net++/cnetabstractaddress.h"
+#include "qelcore/qce/net++/cnetabstractaddressextension.h"
+#include "qelcore/qce/net++/cnetabstractipaddress.h"
+#include "qelcore/qce/net++/cnetabstractipcapinfo.h"
+#include "qelcore/qce/net++/cnetabstractipv4address.h"
+#include "qelcore/qce/net++/cnetipv4address.h"
 
 // qcs: components, interfaces, dependencies, addresses and the module manager
 #include "qelcore/qcs/cabstractcomponent.h"
 #include "qelcore/qcs/cabstractinterface.h"
 #include "qelcore/qcs/cabstractinterfaceprovider.h"
 #include "qelcore/qcs/cabstractmodule.h"
+#include "qelcore/qcs/cabstractplugin.h"
 #include "qelcore/qcs/ccomponentaddr.h"
 #include "qelcore/qcs/ccomponentlocation.h"
 #include "qelcore/qcs/cforwardingslotcalln.h"
@@ -171,8 +185,11 @@
 #include "qelcore/qcs/cmoduleinfo.h"
 #include "qelcore/qcs/cmoduleloadexception.h"
 #include "qelcore/qcs/cmodulemgr.h"
+#include "qelcore/qcs/cmodulesections.h"
 #include "qelcore/qcs/cnopublicinterfaceexception.h"
 #include "qelcore/qcs/cnosuchmoduleexception.h"
+#include "qelcore/qcs/cpluginguard.h"
+#include "qelcore/qcs/cpluginmgr.h"
 #include "qelcore/qcs/cqcsexceptionfactory.h"
 #include "qelcore/qcs/cqcsexceptions.h"
 #include "qelcore/qcs/cqueuedslotcalln.h"

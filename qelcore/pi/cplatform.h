@@ -31,6 +31,7 @@ class cFs;
 
 namespace qpi {
 
+class cAbstractClassLoader;
 class cAbstractRunnableImpl;
 class cAbstractMutexImpl;
 class cAbstractPlatformInfo;
@@ -56,7 +57,14 @@ public:
   static qstd::tAutoPtr<cAbstractProcessEvents> createAIOProcessEvents();
   // The native file system for `fs` (see qio::cFs).
   static qstd::tAutoPtr<qio::cAbstractFsImpl> createFsImpl(qio::cFs& fs);
-  // The class loader factory joins here with the module code.
+  // A class loader that has already opened and checked the module file
+  // `file`, taken as given (see cAbstractClassLoader); failures throw
+  // qcs::cModuleLoadException.
+  static qstd::tAutoPtr<cAbstractClassLoader> createClassLoader(const qucs::cString& file);
+  // Where the library's own module files are installed: "qelcore/modules"
+  // beside the shared library on POSIX systems (lib/qelcore/modules), and
+  // "../lib/qelcore/modules" from the DLL's directory on Windows.
+  static qucs::cString moduleDirectory();
 
   // Sleeps one millisecond.
   static void yield();

@@ -9,6 +9,8 @@
 #include "qelcore/pi/cpiexceptions.h"
 #include "qelcore/pi/cplatform.h"
 #include "qelcore/pi/cworkqueue.h"
+#include "qelcore/qce/ccoreextensionmgr.h"
+#include "qelcore/qce/detail/builtinextensions.h"
 #include "qelcore/std/cnumberconversionformat.h"
 #include "qelcore/ucs/cendecutf8.h"
 #include "qelcore/ucs/clilocale.h"
@@ -17,8 +19,9 @@ namespace qpi {
 
 // Everything the system object refers to, in order of construction.
 struct cSystem::cRecord {
-  cRecord() : pApp(nullptr) {
+  cRecord() : extensions(fs), pApp(nullptr) {
     fs.mount(qio::cPath("/"), qio::cFs());
+    qce::addBuiltinExtensions(extensions);
     queue.setEvents(cPlatform::createProcessEvents());
     qstd::cNumberConversionFormat::installSystemDefault(&numberFormat);
   }
@@ -37,6 +40,7 @@ struct cSystem::cRecord {
   qstd::cNumberConversionFormat numberFormat;
   qucs::cEnDecUTF8 utf8;
   qio::cProxyFs fs;
+  qce::cCoreExtensionMgr extensions;
   qucs::cLILocale locale;
   cWorkQueue queue;
   std::vector<cReleasable*> released;
@@ -55,6 +59,7 @@ cSystem::cSystem(cRecord& record)
     : mRecord(record),
       mDefaults{record.numberFormat, record.utf8},
       mFs(record.fs),
+      mCoreExtensions(record.extensions),
       mLocale(record.locale),
       mWorkQueue(record.queue) {}
 
@@ -70,8 +75,8 @@ cSystem& system() {
 
 void cSystem::cleanup() {
   if (!gSystem) return;
-  // Plug-ins are unloaded here once the core extensions exist. What is
-  // released may still use the system.
+  // What is unloaded or released may still use the system.
+  gSystem->mRecord.extensions.unloadPlugIns();
   gSystem->mRecord.releaseAll();
   cSystem* doomed = gSystem;
   gSystem = nullptr;

@@ -1,6 +1,6 @@
 // The process-wide system object: the main work queue, the default number
-// format and encoder, the file system, the locale, the debug output and the
-// application object, reached through qpi::system().
+// format and encoder, the file system, the core extensions, the locale, the
+// debug output and the application object, reached through qpi::system().
 //
 //   int main() {
 //     cMyApp app;
@@ -30,6 +30,9 @@ class cLILocale;
 }  // namespace qucs
 namespace qio {
 class cFs;
+}
+namespace qce {
+class cCoreExtensionMgr;
 }
 
 namespace qpi {
@@ -62,8 +65,9 @@ public:
   qucs::cLILocale& locale() { return mLocale; }
   cWorkQueue& workQueue() { return mWorkQueue; }
   cAbstractOut& out();
-  // The core extension manager (qce::cCoreExtensionMgr) joins the system's
-  // services here, as a reference into the system record like the others.
+  // The process's core extensions, starting with the library's own (see
+  // qce::cCoreExtensionMgr).
+  qce::cCoreExtensionMgr& coreExtensions() { return mCoreExtensions; }
 
   // The application object (not owned; null forgets it).
   void setApp(cAbstractQELApp* app);
@@ -81,8 +85,9 @@ public:
     releaseAtCleanup(qstd::tAutoPtr<cReleasable>(new tHolder<T>(object)));
   }
 
-  // Releases the registered objects and destroys the system object; nothing
-  // happens when there is none.
+  // Unloads the plug-ins of the core extension manager, releases the
+  // registered objects and destroys the system object; nothing happens when
+  // there is none.
   static void cleanup();
   // Whether the system object exists now (system() would not create it).
   static bool exists();
@@ -107,6 +112,7 @@ private:
   cRecord& mRecord;
   cDefaults mDefaults;
   qio::cFs& mFs;
+  qce::cCoreExtensionMgr& mCoreExtensions;
   qucs::cLILocale& mLocale;
   cWorkQueue& mWorkQueue;
 };

@@ -1,6 +1,7 @@
-// One entry of the core extension manager's list: it owns an extension that
-// was added directly. (Entries that own the plug-in module providing the
-// extension come with the module support.)
+// One entry of the core extension manager's list. It owns either an
+// extension added directly, or the plug-in module that provides the extension
+// (with the module file: the plug-in is destroyed before its class loader).
+// Copying hands ownership over to the copy.
 #ifndef QELCORE_QCE_CEXTENSIONPAIR_H
 #define QELCORE_QCE_CEXTENSIONPAIR_H
 
@@ -8,21 +9,34 @@
 #include "qelcore/qelexport.h"
 #include "qelcore/std/tautoptr.h"
 
+namespace qcs {
+class cAbstractPlugIn;
+class cPlugInGuard;
+}  // namespace qcs
+
 namespace qce {
 
 class QEL_EXPORT cExtensionPair {
 public:
   explicit cExtensionPair(qstd::tAutoPtr<cAbstractCoreExtension> extension);
+  // The plug-in's coreExtension(); a plug-in without one is unloaded and its
+  // exception passed on.
+  explicit cExtensionPair(qstd::tAutoPtr<qcs::cAbstractPlugIn> plugIn);
+  // The plug-in of the guard, which the pair takes over.
+  explicit cExtensionPair(qstd::tAutoPtr<qcs::cPlugInGuard> plugIn);
   // Takes over what `other` owns.
   cExtensionPair(cExtensionPair& other);
   cExtensionPair& operator=(const cExtensionPair&) = delete;
   ~cExtensionPair();
 
   cAbstractCoreExtension& extension() const { return *mpExtension; }
+  // The providing plug-in; null for an extension added directly.
+  qcs::cAbstractPlugIn* plugIn() const;
 
 private:
   cAbstractCoreExtension* mpExtension;
   qstd::tAutoPtr<cAbstractCoreExtension> mOwnedExtension;
+  qstd::tAutoPtr<qcs::cPlugInGuard> mPlugIn;
 };
 
 }  // namespace qce

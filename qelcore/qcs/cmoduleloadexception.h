@@ -28,6 +28,12 @@ public:
   KindOfProblem problem() const { return meProblem; }
   const qucs::cString& fileName() const { return mFileName; }
 
+  // The runtime exception's part, then the problem (unsigned 32-bit) and the
+  // file name.
+  void store(qsa::cAbstractSerializer& s) const override;
+  // Reads the same; the exception changes only when all was read.
+  void load(qsa::cAbstractDeserializer& d) override;
+
 private:
   KindOfProblem meProblem;
   qucs::cString mFileName;

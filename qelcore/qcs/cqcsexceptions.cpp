@@ -2,6 +2,7 @@
 
 #include "qelcore/qcs/ccomponentaddr.h"
 #include "qelcore/qcs/ccomponentlocation.h"
+#include "qelcore/qcs/cmoduleloadexception.h"
 #include "qelcore/qcs/cnopublicinterfaceexception.h"
 #include "qelcore/qcs/cnosuchmoduleexception.h"
 #include "qelcore/qcs/cunmatchedinterfaceexception.h"
@@ -50,6 +51,42 @@ void cQCSExceptions::throwNoSuchModule(const qstd::cAsciiString& name, qstd::cCa
 
 void cQCSExceptions::throwNoPublicInterface(const qrmi::cConnectable&, qstd::cCallSite at) {
   throw cNoPublicInterfaceException(at.file, at.line);
+}
+
+void cQCSExceptions::throwModuleLoadFailed(const qucs::cString& file, const qstd::cAsciiString& error,
+                                           qstd::cCallSite at) {
+  throw cModuleLoadException(cModuleLoadException::eLoadFailed, file,
+                             cLIMessage("$QTR$Operating system returned error: %error%!") << error, at.file, at.line);
+}
+
+void cQCSExceptions::throwMissingSection(const qucs::cString& file, const char* section, qstd::cCallSite at) {
+  // Whole texts, so that each stays one translatable message.
+  const qstd::cAsciiString name(section);
+  const char* text = name == "moduleVersion" ? "$QTR$Invalid module. Missing moduleVersion section!"
+                     : name == "qelVersion"  ? "$QTR$Invalid module. Missing qelVersion section!"
+                                             : "$QTR$Invalid module. Missing moduleInit section!";
+  throw cModuleLoadException(cModuleLoadException::eInvalidModule, file, cLIMessage(text), at.file, at.line);
+}
+
+void cQCSExceptions::throwNoComponent(const qucs::cString& file, qstd::cCallSite at) {
+  throw cModuleLoadException(cModuleLoadException::eNotProvided, file, cLIMessage("$QTR$cClassLoader: No component!"),
+                             at.file, at.line);
+}
+
+void cQCSExceptions::throwNoComponentInstance(const qucs::cString& file, qstd::cCallSite at) {
+  throw cModuleLoadException(cModuleLoadException::eNotProvided, file, cLIMessage("$QTR$cClassLoader: no instance!"),
+                             at.file, at.line);
+}
+
+void cQCSExceptions::throwNotAPlugIn(const qucs::cString& file, qstd::cCallSite at) {
+  throw cModuleLoadException(cModuleLoadException::eNotProvided, file,
+                             cLIMessage("$QTR$File %file% is not a plugin!") << file, at.file, at.line);
+}
+
+void cQCSExceptions::throwNoPlugInInstance(const qucs::cString& file, qstd::cCallSite at) {
+  throw cModuleLoadException(cModuleLoadException::eNotProvided, file,
+                             cLIMessage("$QTR$Plugin (%file%) does not provide functionality!") << file, at.file,
+                             at.line);
 }
 
 void cQCSExceptions::throwUnmatchedInterface(qstd::cCallSite at) {

@@ -48,6 +48,25 @@ public:
   [[noreturn]] static void throwNoPublicInterface(const qrmi::cConnectable& object,
                                                   qstd::cCallSite at = qstd::cCallSite::here());
 
+  // Module files (cModuleLoadException with the file's name).
+  // eLoadFailed: "Operating system returned error: %error%!".
+  [[noreturn]] static void throwModuleLoadFailed(const qucs::cString& file, const qstd::cAsciiString& error,
+                                                 qstd::cCallSite at = qstd::cCallSite::here());
+  // eInvalidModule: "Invalid module. Missing <section> section!", for the
+  // sections "moduleInit", "moduleVersion" and "qelVersion".
+  [[noreturn]] static void throwMissingSection(const qucs::cString& file, const char* section,
+                                               qstd::cCallSite at = qstd::cCallSite::here());
+  // eNotProvided: "cClassLoader: No component!".
+  [[noreturn]] static void throwNoComponent(const qucs::cString& file, qstd::cCallSite at = qstd::cCallSite::here());
+  // eNotProvided: "cClassLoader: no instance!".
+  [[noreturn]] static void throwNoComponentInstance(const qucs::cString& file,
+                                                    qstd::cCallSite at = qstd::cCallSite::here());
+  // eNotProvided: "File %file% is not a plugin!".
+  [[noreturn]] static void throwNotAPlugIn(const qucs::cString& file, qstd::cCallSite at = qstd::cCallSite::here());
+  // eNotProvided: "Plugin (%file%) does not provide functionality!".
+  [[noreturn]] static void throwNoPlugInInstance(const qucs::cString& file,
+                                                 qstd::cCallSite at = qstd::cCallSite::here());
+
   // cUnmatchedInterfaceException "Unmatched interface!".
   [[noreturn]] static void throwUnmatchedInterface(qstd::cCallSite at = qstd::cCallSite::here());
   // Runtime exception "Expecting ":"!" (the cause of a malformed address).

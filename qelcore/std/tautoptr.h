@@ -3,6 +3,8 @@
 #ifndef QELCORE_STD_TAUTOPTR_H
 #define QELCORE_STD_TAUTOPTR_H
 
+#include <type_traits>
+
 #include "qelcore/std/tautoptrref.h"
 #include "qelcore/std/tautoptrtype.h"
 
@@ -17,12 +19,13 @@ public:
   explicit tAutoPtr(T* p, PointerType type = tAutoPtrType::SingleObject) : mpPtr(p), meType(type) {}
   tAutoPtr(tAutoPtr& other) : mpPtr(other.mpPtr), meType(other.meType) { other.mpPtr = nullptr; }
   tAutoPtr(tAutoPtr&& other) noexcept : mpPtr(other.mpPtr), meType(other.meType) { other.mpPtr = nullptr; }
-  // From a holder of a derived type.
-  template <typename U>
+  // From a holder of a derived type (only: overloads taking holders of
+  // unrelated types stay apart).
+  template <typename U, typename = typename std::enable_if<std::is_convertible<U*, T*>::value>::type>
   tAutoPtr(tAutoPtr<U>& other) : mpPtr(other.get()), meType(other.pointerType()) {
     other.release();
   }
-  template <typename U>
+  template <typename U, typename = typename std::enable_if<std::is_convertible<U*, T*>::value>::type>
   tAutoPtr(tAutoPtr<U>&& other) : mpPtr(other.get()), meType(other.pointerType()) {
     other.release();
   }

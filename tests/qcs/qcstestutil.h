@@ -14,6 +14,7 @@
 #include "qelcore/qcs/cabstractinterface.h"
 #include "qelcore/qcs/cinterfacedep.h"
 #include "qelcore/qcs/cmodulemgr.h"
+#include "qelcore/rmi/cindirectresolvingslotcalln.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/ucs/climessage.h"

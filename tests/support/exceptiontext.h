@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/ucs/climessage.h"
@@ -35,6 +37,19 @@ std::string thrownText(F f) {
     return textOf(e);
   }
   return "<nothing thrown>";
+}
+
+// Runs `f`, which must throw E, and returns the exception; a test failure
+// and a default E when nothing was thrown.
+template <typename E, typename F>
+E caught(F f) {
+  try {
+    f();
+  } catch (const E& e) {
+    return e;
+  }
+  ADD_FAILURE() << "nothing thrown";
+  return E();
 }
 
 }  // namespace qeltest

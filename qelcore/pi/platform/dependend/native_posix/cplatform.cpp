@@ -2,6 +2,7 @@
 #include "qelcore/pi/cplatform.h"
 
 #include <cerrno>
+#include <dlfcn.h>
 #include <cstdlib>
 #include <limits.h>
 #include <pwd.h>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/platform/dependend/native_posix/cposixclassloader.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixaioprocessevents.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixfsimpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixmuteximpl.h"
@@ -56,6 +58,21 @@ qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createAIOProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cPosixAIOProcessEvents);
+}
+
+qstd::tAutoPtr<cAbstractClassLoader> cPlatform::createClassLoader(const qucs::cString& file) {
+  return qstd::tAutoPtr<cAbstractClassLoader>(new cPosixClassLoader(file));
+}
+
+qucs::cString cPlatform::moduleDirectory() {
+  Dl_info info;
+  if (::dladdr(reinterpret_cast<void*>(&cPlatform::moduleDirectory), &info) == 0 || !info.dli_fname)
+    return qucs::cString("qelcore/modules");
+  qucs::cString dir = fromUTF8(info.dli_fname);
+  unsigned int end = dir.size();
+  while (end > 0 && dir[end - 1] != '/') --end;
+  dir.setSize(end);
+  return dir + "qelcore/modules";
 }
 
 qstd::tAutoPtr<qio::cAbstractFsImpl> cPlatform::createFsImpl(qio::cFs&) {

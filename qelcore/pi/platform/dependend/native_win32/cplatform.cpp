@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/platform/dependend/native_win32/cwin32classloader.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32aioprocessevents.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32fsimpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32muteximpl.h"
@@ -48,6 +49,23 @@ qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createAIOProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cWin32AIOProcessEvents);
+}
+
+qstd::tAutoPtr<cAbstractClassLoader> cPlatform::createClassLoader(const qucs::cString& file) {
+  return qstd::tAutoPtr<cAbstractClassLoader>(new cWin32ClassLoader(file));
+}
+
+qucs::cString cPlatform::moduleDirectory() {
+  HMODULE self = nullptr;
+  WCHAR path[MAX_PATH + 1];
+  DWORD length = 0;
+  if (::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                           reinterpret_cast<LPCWSTR>(&cPlatform::moduleDirectory), &self))
+    length = ::GetModuleFileNameW(self, path, MAX_PATH);
+  if (length == 0 || length >= MAX_PATH) return qucs::cString("..\\lib\\qelcore\\modules");
+  while (length > 0 && path[length - 1] != L'\\' && path[length - 1] != L'/') --length;
+  path[length] = 0;
+  return qucs::cString(reinterpret_cast<const wchar_t*>(path)) + "..\\lib\\qelcore\\modules";
 }
 
 qstd::tAutoPtr<qio::cAbstractFsImpl> cPlatform::createFsImpl(qio::cFs&) {

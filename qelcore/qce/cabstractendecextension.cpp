@@ -1,0 +1,7 @@
+#include "qelcore/qce/cabstractendecextension.h"
+
+namespace qce {
+
+cAbstractEnDecExtension::~cAbstractEnDecExtension() {}
+
+}  // namespace qce

@@ -1,0 +1,7 @@
+#include "qelcore/qce/cabstractsaextension.h"
+
+namespace qce {
+
+cAbstractSAExtension::~cAbstractSAExtension() {}
+
+}  // namespace qce

@@ -1,0 +1,10 @@
+#include "qelcore/qce/cgenericextension.h"
+
+namespace qce {
+
+cGenericExtension::cGenericExtension(const qstd::cAsciiString& name, ExtensionType type)
+    : msName(name), meType(type) {}
+
+cGenericExtension::~cGenericExtension() {}
+
+}  // namespace qce

@@ -1,0 +1,33 @@
+// An extension that creates nothing: it only makes a plug-in count as an
+// extension provider (see qce::cGenericPlugIn). supports() is always false,
+// so a look-up by type name never picks it, not even for its own name.
+#ifndef QELCORE_QCE_CGENERICEXTENSION_H
+#define QELCORE_QCE_CGENERICEXTENSION_H
+
+#include "qelcore/qce/cabstractcoreextension.h"
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cbuildinfo.h"
+
+namespace qce {
+
+class QEL_EXPORT cGenericExtension : public cAbstractCoreExtension {
+public:
+  // The name is the description; the build information is left unknown.
+  cGenericExtension(const qstd::cAsciiString& name, ExtensionType type);
+  ~cGenericExtension() override;
+
+  ExtensionType extensionType() const override { return meType; }
+  qstd::cAsciiString description() override { return msName; }
+  const qstd::cBuildInfo& buildInfo() const override { return mBuildInfo; }
+  bool supports(const qstd::cAsciiString&) const override { return false; }
+
+private:
+  qstd::cAsciiString msName;
+  ExtensionType meType;
+  qstd::cBuildInfo mBuildInfo;
+};
+
+}  // namespace qce
+
+#endif

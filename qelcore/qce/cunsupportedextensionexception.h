@@ -1,0 +1,42 @@
+// No core extension creates objects of a wanted type name. className() is the
+// kind of extension looked for ("netwok address", "serializer", "Encoder /
+// Decoder"), extensionName() the type name, and otherExtensionsFound() tells
+// whether extensions of that kind existed that do not support the name.
+#ifndef QELCORE_QCE_CUNSUPPORTEDEXTENSIONEXCEPTION_H
+#define QELCORE_QCE_CUNSUPPORTEDEXTENSIONEXCEPTION_H
+
+#include "qelcore/qelexport.h"
+#include "qelcore/std/casciistring.h"
+#include "qelcore/std/cbugexception.h"
+#include "qelcore/std/texception.h"
+
+namespace qce {
+
+class QEL_EXPORT cUnsupportedExtensionException
+    : public qstd::tException<cUnsupportedExtensionException, qstd::cBugException> {
+public:
+  static const char* staticTypeName() { return "cUnsupportedExtensionException"; }
+
+  cUnsupportedExtensionException() : mbOtherExtensionsFound(false) {}
+  // "No %s% of type "%specialized%" found!" with the kind text and the type
+  // name, whatever `otherFound` says.
+  cUnsupportedExtensionException(const qstd::cAsciiString& className, const qstd::cAsciiString& extensionName,
+                                 bool otherFound, const char* file, unsigned int line);
+
+  const qstd::cAsciiString& className() const { return msClassName; }
+  const qstd::cAsciiString& extensionName() const { return msExtensionName; }
+  bool otherExtensionsFound() const { return mbOtherExtensionsFound; }
+
+  // The message, then kind text, type name and flag.
+  void store(qsa::cAbstractSerializer& s) const override;
+  void load(qsa::cAbstractDeserializer& d) override;
+
+private:
+  qstd::cAsciiString msClassName;
+  qstd::cAsciiString msExtensionName;
+  bool mbOtherExtensionsFound;
+};
+
+}  // namespace qce
+
+#endif

@@ -1,0 +1,7 @@
+#include "qelcore/qce/net++/cnetabstractaddressextension.h"
+
+namespace qce {
+
+cNetAbstractAddressExtension::~cNetAbstractAddressExtension() {}
+
+}  // namespace qce

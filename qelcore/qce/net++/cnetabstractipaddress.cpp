@@ -1,0 +1,7 @@
+#include "qelcore/qce/net++/cnetabstractipaddress.h"
+
+namespace qce {
+
+cNetAbstractIPAddress::~cNetAbstractIPAddress() {}
+
+}  // namespace qce

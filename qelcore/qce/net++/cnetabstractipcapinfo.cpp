@@ -1,0 +1,7 @@
+#include "qelcore/qce/net++/cnetabstractipcapinfo.h"
+
+namespace qce {
+
+cNetAbstractIPCapInfo::~cNetAbstractIPCapInfo() {}
+
+}  // namespace qce
