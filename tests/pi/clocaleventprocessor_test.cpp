@@ -11,10 +11,8 @@
 
 #include "support/worktestutil.h"
 
-using qeltest::cJob;
 using qpi::cAbstractProcessEvents;
 using qpi::cWork;
-using qsa::piVoid;
 
 TEST(LocalEventProcessor, ReturnsAtOnceWhileTheQueueHoldsWork) {
   qpi::cLocalEventProcessor events;

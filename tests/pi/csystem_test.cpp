@@ -12,9 +12,7 @@
 #include "support/capturingout.h"
 #include "support/worktestutil.h"
 
-using qeltest::cJob;
 using qpi::cSystem;
-using qpi::cWork;
 
 namespace {
 

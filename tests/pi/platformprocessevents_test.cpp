@@ -15,7 +15,6 @@
 using qeltest::cJob;
 using qpi::cAbstractProcessEvents;
 using qpi::cWork;
-using qsa::piVoid;
 
 TEST(PlatformProcessEvents, SleepsThroughTheWholeWaitAndCannotBeWoken) {
   qstd::tAutoPtr<cAbstractProcessEvents> events(qpi::cPlatform::createProcessEvents());

@@ -16,7 +16,6 @@ using qeltest::cJob;
 using qeltest::cTestQueue;
 using qeltest::makeJob;
 using qpi::cWork;
-using qpi::cWorkQueue;
 using qstd::tSharedObject;
 
 namespace {

@@ -7,11 +7,9 @@
 
 #include "rmitestutil.h"
 
-using qrmi::cConnectable;
 using qrmi::cPublicSignal;
 using qsa::piVoid;
 using qstd::cAsciiString;
-using rmitest::chainOf;
 using rmitest::cService;
 using rmitest::textOf;
 

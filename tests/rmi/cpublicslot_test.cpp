@@ -9,9 +9,7 @@
 
 using qrmi::cConnectable;
 using qrmi::cPublicSlot;
-using qsa::piVoid;
 using qstd::cAsciiString;
-using rmitest::chainOf;
 using rmitest::cService;
 using rmitest::textOf;
 

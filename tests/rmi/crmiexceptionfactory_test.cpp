@@ -9,14 +9,11 @@
 
 #include "rmitestutil.h"
 
-using qrmi::cConnectable;
 using qsa::cDeserializeBinary;
 using qsa::cSerializeBinary;
-using qsa::piVoid;
 using qstd::cAsciiString;
 using rmitest::chainOf;
 using rmitest::cService;
-using rmitest::textOf;
 
 namespace {
 // Knows the exceptions of the foundation and of the signals.

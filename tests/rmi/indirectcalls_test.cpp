@@ -16,7 +16,6 @@
 
 #include "rmitestutil.h"
 
-using qrmi::cConnectable;
 using qsa::cDeserializeBinary;
 using qsa::cReferenceFrame;
 using qsa::cSerializeBinary;

@@ -235,21 +235,6 @@ TEST(LocalSignalLifetime, ReceiversDestroyedDuringAnEmissionAreSkippedSafely) {
   EXPECT_EQ(sig.emissionDepth(), 0u);
 }
 
-TEST(LocalSignalLifetime, DestroyingASignalDetachesItFromItsReceivers) {
-  tLog log;
-  cReceiver a(log, "a");
-  localSignal1<piVoid, int> kept;
-  kept.connect(a, &cReceiver::sltNote);
-  {
-    localSignal1<piVoid, int> gone;
-    gone.connect(a, &cReceiver::sltNote);
-    gone.connect(a, &cReceiver::sltNote);
-    EXPECT_EQ(a.attachedSignals().size(), 3u);
-  }
-  ASSERT_EQ(a.attachedSignals().size(), 1u);
-  EXPECT_EQ(a.attachedSignals()[0], &kept);
-}
-
 TEST(LocalSignalLifetime, ClearDetachesAndForgetsEverything) {
   tLog log;
   cReceiver a(log, "a");

@@ -22,10 +22,7 @@ using arraytest::bugFailure;
 using arraytest::rangeFailure;
 using arraytest::str;
 using qeltest::textOf;
-using qstd::cAsciiString;
 using qstd::tArray;
-using qstd::tArrayRef;
-using qstd::tConstArrayRef;
 
 namespace {
 

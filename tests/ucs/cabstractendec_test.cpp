@@ -45,13 +45,6 @@ TEST(cAbstractEnDec, BaseReportsMissingConversionsAsBugsAndEndsCStringsWithFourZ
   EXPECT_EQ(units(c16), V({0xFE, 0xFF, 0x00, 0x41, 0, 0, 0, 0}));
 }
 
-TEST(cAbstractEnDec, NamesAndTheDefault) {
-  EXPECT_STREQ(cEnDecUTF8().name().c_str(), "Endec-UTF8");
-  EXPECT_STREQ(cEnDecUTF16(6).name().c_str(), "Endec-UTF16");
-  EXPECT_STREQ(cEnDecUTF8::defaultEnDec().name().c_str(), "Endec-UTF8");
-  EXPECT_EQ(&cEnDecUTF8::defaultEnDec(), &cEnDecUTF8::defaultEnDec());
-}
-
 TEST(cAbstractEnDec, HandedAroundAsSharedConstObjects) {
   qstd::tSharedObject<const cAbstractEnDec> endec(new qucs::cEnDecUTF8);
   qstd::tSharedObject<const cAbstractEnDec> copy(endec);

@@ -5,7 +5,6 @@
 #include "endectestutil.h"
 
 using namespace endectest;
-using qstd::tConstArrayRef;
 
 TEST(cEnDecUTF16, EncodesBytesInTheChosenOrderWithOptionalMark) {
   EXPECT_EQ(utf16(4, text({0x41})), V({0xFF, 0xFE, 0x41, 0x00}));

@@ -7,7 +7,6 @@
 #include "endectestutil.h"
 
 using namespace endectest;
-using qstd::tConstArrayRef;
 
 TEST(cUCSExceptions, WrappersLinkTheirCause) {
   qstd::cRuntimeException cause(qucs::cLIMessage("$QTR$inner"), "x.cpp", 3);
