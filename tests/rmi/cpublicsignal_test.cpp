@@ -15,12 +15,8 @@ using rmitest::textOf;
 
 TEST(cPublicSignal, ExportFindAndNames) {
   cService svc;
-  try {
-    svc.sigChanged.publicSignalName();
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(textOf(e), "Signal is not a public one!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { svc.sigChanged.publicSignalName(); }),
+            "Signal is not a public one!");
   cPublicSignal& sig = svc.sigChanged.exportSignal(svc, "changed", qrmi::cAbstractSignal::eRequiredInterface, "d");
   EXPECT_EQ(&svc.findSignal("changed"), &sig);
   EXPECT_EQ(&sig.signal(), &svc.sigChanged);
@@ -80,11 +76,8 @@ TEST(cPublicSignal, TheSignalAndItsRecordDetachInEitherOrder) {
   sig.exportSignal(next, "again", qrmi::cAbstractSignal::eProvidedInterface, "");
   EXPECT_STREQ(sig.publicSignalName().c_str(), "again");
   // One description per signal: a second one could not be kept in step.
-  try {
-    sig.exportSignal(next, "twice", qrmi::cAbstractSignal::eProvidedInterface, "");
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(textOf(e), "Signal is already a public one!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>(
+                [&] { sig.exportSignal(next, "twice", qrmi::cAbstractSignal::eProvidedInterface, ""); }),
+            "Signal is already a public one!");
   EXPECT_THROW(next.findSignal("twice"), qrmi::cNoSuchSignalException);
 }

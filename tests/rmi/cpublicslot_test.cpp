@@ -38,12 +38,7 @@ TEST(cPublicSlot, LookupsAreExactAndCreateNothing) {
 
   qrmi::cAbstractSlotCall loose(svc, nullptr);
   EXPECT_STREQ(svc.publicSlotName(loose).c_str(), "unknown");
-  try {
-    loose.publicSlotName();
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(textOf(e), "Slot is not a public one!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { loose.publicSlotName(); }), "Slot is not a public one!");
   // A second slot of the same name is kept, but the first one answers.
   qrmi::registerPublicSlot(svc, &cService::sltAdd, "hello");
   EXPECT_STREQ(svc.findPublicSlot("hello").returnTypeName().c_str(), "cAsciiString");

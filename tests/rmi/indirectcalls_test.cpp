@@ -165,12 +165,8 @@ TEST(IndirectArchiveCalls, BadArgumentsRaiseTheMissmatchChainAndConsumeAndWriteN
   cSerializeBinary empty;
   cDeserializeBinary in(empty.ownData());
   cSerializeBinary out;
-  try {
-    svc.invokeIndirectRemoteSlot("nope", in, out);
-    FAIL();
-  } catch (const qrmi::cNoSuchSlotException& e) {
-    EXPECT_EQ(textOf(e), "Slot \"nope((?))\" not found in interface!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qrmi::cNoSuchSlotException>([&] { svc.invokeIndirectRemoteSlot("nope", in, out); }),
+            "Slot \"nope((?))\" not found in interface!");
 }
 
 TEST(IndirectArchiveCalls, UnpublishedSlotCallsReportTheShortMissmatch) {

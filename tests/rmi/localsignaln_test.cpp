@@ -350,26 +350,14 @@ TEST(LocalSignalConnections, LocalSlotCallsRefuseIndirectUse) {
   auto& call = *sig.connect(a, &cReceiver::sltNote);
   EXPECT_TRUE(a == &call);
   qsa::cReferenceFrame frame;
-  try {
-    call.call(frame);
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(textOf(e), "Slots connected to an explicit local signal cannot be called indirectly!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { call.call(frame); }),
+            "Slots connected to an explicit local signal cannot be called indirectly!");
   piVoid result;
   int v = 1;
-  try {
-    call.invokeByReference(result, v);
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(textOf(e), "Indirect slots cannot be called by reference!");
-  }
-  try {
-    sig.connectIndirect(a, "sltNote");
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(textOf(e), "Indirect connections not possible with explicit local signals!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { call.invokeByReference(result, v); }),
+            "Indirect slots cannot be called by reference!");
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { sig.connectIndirect(a, "sltNote"); }),
+            "Indirect connections not possible with explicit local signals!");
   // The flag operation is accepted and changes nothing.
   sig.setQueued(true);
   sig(1);

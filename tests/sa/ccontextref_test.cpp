@@ -16,12 +16,8 @@ TEST(cContextRef, ContextRefHandsItsDataOnOnce) {
   qsa::cContextRef a = s.newContext(0);
   qsa::cContextRef b(a);
   EXPECT_FALSE(a.isValid());
-  try {
-    a.unguardImpl();
-    FAIL();
-  } catch (const qstd::cRuntimeException& e) {
-    EXPECT_EQ(textOf(e), "cContextRef::unguardImpl(): no valid reference!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cRuntimeException>([&] { a.unguardImpl(); }),
+            "cContextRef::unguardImpl(): no valid reference!");
   qsa::cContext guard(b);
   EXPECT_FALSE(b.isValid());
   guard.release();

@@ -21,8 +21,10 @@
 #include "qelcore/ucs/cstring.h"
 
 #include "archivetestutil.h"
+#include "support/exceptiontext.h"
 
 using namespace satest;
+using qeltest::textOf;
 using qsa::cDeserializeBinary;
 using qsa::cSerializeBinary;
 
@@ -39,12 +41,6 @@ static_assert(!std::is_constructible<cDeserializeBinary, qstd::tArray<char>>::va
 static_assert(!std::is_constructible<cDeserializeBinary, const qstd::tArray<char>>::value, "refuses a temporary array");
 static_assert(tCanSetData<qstd::tArray<char>&>::value, "reads an array in place");
 static_assert(!tCanSetData<qstd::tArray<char>>::value, "refuses a temporary array");
-
-std::string textOf(const qstd::cAbstractException& e) {
-  qstd::cAsciiString text;
-  if (e.liMessage()) e.liMessage()->untranslated(text);
-  return text.c_str();
-}
 
 }  // namespace
 
@@ -153,12 +149,8 @@ TEST(cDeserializeBinary, TypesMustMatchExactlyAndFailuresConsumeNothing) {
   unsigned int right = 0;
   right << d;
   EXPECT_EQ(right, 1u);
-  try {
-    right << d;
-    FAIL();
-  } catch (const qstd::cRuntimeException& e) {
-    EXPECT_EQ(textOf(e), "Unable to deserialize - end of context!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cRuntimeException>([&] { right << d; }),
+            "Unable to deserialize - end of context!");
   EXPECT_EQ(d.currentPos(), 8u);
 }
 
@@ -218,12 +210,8 @@ TEST(cDeserializeBinary, BulkLoadsFailLikeSingleOnesAndConsumeNothing) {
   EXPECT_EQ(d.currentPos(), 0u);
   d.loadValues(two, 1);
   int rest[2];
-  try {
-    d.loadValues(rest, 2);
-    FAIL();
-  } catch (const qstd::cRuntimeException& e) {
-    EXPECT_EQ(textOf(e), "Unable to deserialize - end of context!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cRuntimeException>([&] { d.loadValues(rest, 2); }),
+            "Unable to deserialize - end of context!");
   EXPECT_EQ(d.currentPos(), 8u);
   d.loadValues(rest, 1);
   EXPECT_EQ(rest[0], 2);
@@ -344,12 +332,8 @@ TEST(cDeserializeBinary, AbandonedAndMisnamedContextsGoBack) {
     c.release();
   }
   cDeserializeBinary d(s.ownData());
-  try {
-    d.getContext("other");
-    FAIL();
-  } catch (const qstd::cTypeMissmatchException& e) {
-    EXPECT_EQ(textOf(e), "Type mismatch: Expecting type \"context other\" but got object of type \"context name\"!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cTypeMissmatchException>([&] { d.getContext("other"); }),
+            "Type mismatch: Expecting type \"context other\" but got object of type \"context name\"!");
   EXPECT_EQ(d.currentPos(), 0u);
   {
     qsa::cContext c(d.getContext(0));
@@ -453,12 +437,8 @@ TEST(cDeserializeBinary, LabelsAreFoundInTwoPassesWithinTheContext) {
   EXPECT_FALSE(d.tryFindLabel("First"));   // outside this context
   EXPECT_EQ(d.currentPos(), before);
   EXPECT_STREQ(d.lastLabel().c_str(), "A");
-  try {
-    d.findLabel("Missing");
-    FAIL();
-  } catch (const qstd::cRuntimeException& e) {
-    EXPECT_EQ(textOf(e), "Unable to deserialize - label (\"Missing\") not found in current context!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cRuntimeException>([&] { d.findLabel("Missing"); }),
+            "Unable to deserialize - label (\"Missing\") not found in current context!");
   EXPECT_EQ(d.currentPos(), before);
   EXPECT_GT(atEnd, before);
 }
@@ -466,12 +446,8 @@ TEST(cDeserializeBinary, LabelsAreFoundInTwoPassesWithinTheContext) {
 TEST(cDeserializeBinary, LabelSearchStopsAtInvalidTypeIds) {
   qstd::tArray<char> data = arrayOf(words({4, 1, 19, 0}));
   cDeserializeBinary d(data);
-  try {
-    d.tryFindLabel("x");
-    FAIL();
-  } catch (const qstd::cRuntimeException& e) {
-    EXPECT_EQ(textOf(e), "Invalid type id (19) while deserializing!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cRuntimeException>([&] { d.tryFindLabel("x"); }),
+            "Invalid type id (19) while deserializing!");
   EXPECT_EQ(d.currentPos(), 0u);
 }
 

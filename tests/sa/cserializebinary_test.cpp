@@ -170,22 +170,10 @@ TEST(cSerializeBinary, ReleaseCurrentContextFinishesTheInnermost) {
 TEST(cSerializeBinary, ClearAndDataAreRefusedWithOpenContexts) {
   cSerializeBinary s;
   qsa::cContext c(s.newContext(0));
-  try {
-    s.data();
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    qstd::cAsciiString text;
-    e.liMessage()->untranslated(text);
-    EXPECT_STREQ(text.c_str(), "Calling data() with open contexts is invalid!");
-  }
-  try {
-    s.clear();
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    qstd::cAsciiString text;
-    e.liMessage()->untranslated(text);
-    EXPECT_STREQ(text.c_str(), "Calling erase() with open contexts is invalid!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { s.data(); }),
+            "Calling data() with open contexts is invalid!");
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { s.clear(); }),
+            "Calling erase() with open contexts is invalid!");
   c.release();
   EXPECT_EQ(s.data().size(), 20u);
 }

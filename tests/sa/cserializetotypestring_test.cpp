@@ -27,11 +27,7 @@ TEST(cSerializeToTypeString, TypeStringListsValuesNotLabels) {
   qstd::tArray<char> out;
   t.swapData(out);
   EXPECT_EQ(std::string(out.data(), out.size()), "piDouble");
-  try {
-    t.newContext("c");
-    FAIL();
-  } catch (const qstd::cBugException& e) {
-    EXPECT_EQ(textOf(e), "The operation \"cSerializeToTypeString::newContext(...)\" is not supported!");
-  }
+  EXPECT_EQ(qeltest::thrownText<qstd::cBugException>([&] { t.newContext("c"); }),
+            "The operation \"cSerializeToTypeString::newContext(...)\" is not supported!");
   EXPECT_THROW(t.data(), qstd::cBugException);
 }

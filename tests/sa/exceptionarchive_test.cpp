@@ -65,12 +65,9 @@ TEST(ExceptionArchive, ExceptionChainRoundTripsThroughTheFactory) {
 
   // Unknown classes stop the rebuild with the runtime error.
   cDeserializeBinary again(s.ownData());
-  try {
-    qstd::cAbstractException::createFromStream(again, factory);
-    FAIL();
-  } catch (const qstd::cRuntimeException& err) {
-    EXPECT_EQ(textOf(err), "Unknown exception type cLabeledTypeMissmatchException!");
-  }
+  EXPECT_EQ(
+      qeltest::thrownText<qstd::cRuntimeException>([&] { qstd::cAbstractException::createFromStream(again, factory); }),
+      "Unknown exception type cLabeledTypeMissmatchException!");
 }
 
 TEST(ExceptionArchive, ExceptionLayoutStartsWithFlagNameKindAndMemoryFlag) {

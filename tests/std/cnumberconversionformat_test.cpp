@@ -19,12 +19,8 @@ TEST(cNumberConversionFormat, Format) {
   EXPECT_EQ(f.digitChar(36), '\0');
   EXPECT_THROW(f.digitChar(37), cOutOfRangeException);
   EXPECT_THROW(cNumberConversionFormat(1), cRuntimeException);
-  try {
-    f.setBase(37);
-    FAIL();
-  } catch (const cRuntimeException& e) {
-    EXPECT_EQ(textOf(e), "Invalid base for a decimal. The base must be between 2 and 36 but is 37!");
-  }
+  EXPECT_EQ(qeltest::thrownText<cRuntimeException>([&] { f.setBase(37); }),
+            "Invalid base for a decimal. The base must be between 2 and 36 but is 37!");
   EXPECT_EQ(f.base(), 10u);
   f.setDigitSymbol(10, 'X');
   f.setDigitCase(cNumberConversionFormat::UpperCase);
