@@ -29,13 +29,9 @@ TEST(cReferenceFrame, ReferenceFrameChecksTypesOnEveryAccess) {
 
   frame.next<int>() = 3;
   EXPECT_EQ(result, 3);
-  try {
-    frame.next<qstd::cAsciiString>();  // constant entry, writable access
-    FAIL();
-  } catch (const qstd::cTypeMissmatchException& e) {
-    EXPECT_EQ(textOf(e),
-              "Type mismatch: Expecting type \"cAsciiString\" but got object of type \"const cAsciiString\"!");
-  }
+  // A constant entry refuses writable access.
+  EXPECT_EQ(qeltest::thrownText<qstd::cTypeMissmatchException>([&] { frame.next<qstd::cAsciiString>(); }),
+            "Type mismatch: Expecting type \"cAsciiString\" but got object of type \"const cAsciiString\"!");
   EXPECT_EQ(frame.position(), 1u);
   EXPECT_STREQ(frame.next<const qstd::cAsciiString>().c_str(), "n");
   EXPECT_THROW(frame.next<float>(), qstd::cTypeMissmatchException);
