@@ -12,6 +12,7 @@ TEST(cUCSExceptions, WrappersLinkTheirCause) {
   qstd::cRuntimeException cause(qucs::cLIMessage("$QTR$inner"), "x.cpp", 3);
   try {
     qucs::cUCSExceptions::throwUCSDecodeError(cause);
+    FAIL() << "nothing thrown";
   } catch (const qstd::cRuntimeException& e) {
     EXPECT_EQ(messageOf(e), "Unicode decode error!");
     ASSERT_NE(e.history(), nullptr);
@@ -19,6 +20,7 @@ TEST(cUCSExceptions, WrappersLinkTheirCause) {
   }
   try {
     qucs::cUCSExceptions::throwUSCEncodeError(cause);
+    FAIL() << "nothing thrown";
   } catch (const qstd::cRuntimeException& e) {
     EXPECT_EQ(messageOf(e), "Unicode encoding error!");
     ASSERT_NE(e.history(), nullptr);
