@@ -84,10 +84,12 @@ TEST(NetServer, SocketsQueuesAndReceiversDieInAnyOrder) {
     cNetAbstractClient client(&net->queue);
     client.connectTo(*server.localAddress());
     ASSERT_TRUE(net->runUntil([&] { return !peers.connections.empty() && client.isConnected(); }));
+    const qstd::tAutoPtr<qce::cNetAbstractAddress> at = server.localAddress();
     net.reset();
     client.connection().send("lost", 4);
     peers.connections.front()->close();
     client.close();
+    client.connectTo(*at);  // a new socket, never to be watched
     server.close();
   }
   // The receiver first: the connection goes on without it.
