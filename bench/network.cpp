@@ -210,6 +210,17 @@ qstd::cAsciiString loopback(unsigned int port) {
   return qstd::cAsciiString("127.0.0.1:") + qstd::cAsciiString().setNum32(static_cast<int>(port));
 }
 
+// One message out and its echo back per iteration, running `queue` meanwhile.
+void pingPong(benchmark::State& state, qpi::cWorkQueue& queue, cCountingClient& client) {
+  char message[kMessage] = "ping";
+  std::size_t expected = 0;
+  for (auto _ : state) {
+    client.mClient.connection().send(message, kMessage);
+    expected += kMessage;
+    while (client.miReceived < expected) queue.process();
+  }
+}
+
 // Both ends on one queue: every round trip is two passes of the main loop.
 void BM_ConnectionPingPong_OneQueue(benchmark::State& state) {
   qpi::cWorkQueue queue;
@@ -220,13 +231,7 @@ void BM_ConnectionPingPong_OneQueue(benchmark::State& state) {
   cCountingClient client(queue);
   client.mClient.connectTo(server.localAddress()->toString(qce::cNetAbstractAddress::WithPort));
   while (!client.mClient.isConnected() || peers.connections() == 0) queue.process();
-  char message[kMessage] = "ping";
-  std::size_t expected = 0;
-  for (auto _ : state) {
-    client.mClient.connection().send(message, kMessage);
-    expected += kMessage;
-    while (client.miReceived < expected) queue.process();
-  }
+  pingPong(state, queue, client);
 }
 BENCHMARK(BM_ConnectionPingPong_OneQueue)->UseRealTime();
 
@@ -238,13 +243,7 @@ void BM_ConnectionPingPong_TwoThreads(benchmark::State& state) {
   cCountingClient client(queue);
   client.mClient.connectTo(loopback(echo.port()));
   while (!client.mClient.isConnected()) queue.process();
-  char message[kMessage] = "ping";
-  std::size_t expected = 0;
-  for (auto _ : state) {
-    client.mClient.connection().send(message, kMessage);
-    expected += kMessage;
-    while (client.miReceived < expected) queue.process();
-  }
+  pingPong(state, queue, client);
 }
 BENCHMARK(BM_ConnectionPingPong_TwoThreads)->UseRealTime();
 
