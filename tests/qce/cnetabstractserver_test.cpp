@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include "qelcore/pi/cabstractprocessevents.h"
+#include "qelcore/pi/csystem.h"
 #include "qelcore/qce/net++/cnetabstractaddress.h"
 #include "qelcore/qce/net++/cnetabstractclient.h"
 #include "qelcore/std/coserrorexception.h"
@@ -39,6 +41,24 @@ TEST(NetServer, ListensOnTheLoopbackAtAFreePortByDefault) {
   EXPECT_FALSE(second.isListening());
   server.close();
   EXPECT_FALSE(server.isListening());
+}
+
+TEST(NetServer, RunsOnTheSystemsMainQueueByDefault) {
+  {
+    // The main queue gets an event processor that waits on sockets.
+    cNetAbstractServer server;
+    EXPECT_TRUE(qpi::system().workQueue().events()->supportsAIO());
+    cPeers peers(server);
+    server.listen();
+    cNetAbstractClient client;
+    cRecorder recorder;
+    recorder.watch(client.connection());
+    client.connectTo(*server.localAddress());
+    client.connection().send("main", 4);
+    for (int i = 0; i < 1000 && recorder.data != "main"; ++i) qpi::system().exec();
+    EXPECT_EQ(recorder.data, "main");
+  }
+  qpi::cSystem::cleanup();
 }
 
 TEST(NetServer, ClosesAConnectionThatNobodyTakes) {
@@ -109,7 +129,7 @@ TEST(NetServer, SocketsQueuesAndReceiversDieInAnyOrder) {
     accepted->send("nobody listens", 14);
     net.runFor(20);
     EXPECT_EQ(client.connection().receivedSize(), 14u);  // kept, as nobody consumed it
-    // The server dies before its queue's next pass would have run it.
+    // A peer still connecting when everything goes.
     cNetAbstractClient late(&net.queue);
     late.connectTo(*server.localAddress());
     net.runFor(5);
