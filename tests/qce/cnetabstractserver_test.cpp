@@ -11,6 +11,9 @@
 #include <gtest/gtest.h>
 
 #include "qelcore/pi/cabstractprocessevents.h"
+#include "qelcore/pi/cabstractsocketimpl.h"
+#include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/cplatform.h"
 #include "qelcore/pi/csystem.h"
 #include "qelcore/qce/net++/cnetabstractaddress.h"
 #include "qelcore/qce/net++/cnetabstractclient.h"
@@ -77,6 +80,70 @@ TEST(NetServer, ClosesAConnectionThatNobodyTakes) {
   ASSERT_TRUE(net.runUntil([&] { return recorder.count("closed") == 1; }));
   EXPECT_EQ(offered, 1);
   EXPECT_EQ(recorder.story(), "connected closed");
+}
+
+namespace {
+
+// The platform's socket, whose first accept() fails as when the process has
+// run out of descriptors.
+class cFailingAcceptImpl : public qpi::cAbstractSocketImpl {
+public:
+  cFailingAcceptImpl() : mpReal(qpi::cPlatform::createSocketImpl()), mbFailed(false) {}
+  int handle() const override { return mpReal->handle(); }
+  bool connect(const void* sa, unsigned int size) override { return mpReal->connect(sa, size); }
+  int connectError() override { return mpReal->connectError(); }
+  void listen(const void* sa, unsigned int size, int backlog) override { mpReal->listen(sa, size, backlog); }
+  qstd::tAutoPtr<qpi::cAbstractSocketImpl> accept() override {
+    if (!mbFailed) {
+      mbFailed = true;
+      qpi::cPIExceptions::throwSocketError("accept", 24, __FILE__, __LINE__);
+    }
+    return mpReal->accept();
+  }
+  long send(const char* data, std::size_t size, int& error) override { return mpReal->send(data, size, error); }
+  long receive(char* buffer, std::size_t size, int& error) override { return mpReal->receive(buffer, size, error); }
+  unsigned int localAddress(void* buffer, unsigned int size) const override {
+    return mpReal->localAddress(buffer, size);
+  }
+  unsigned int peerAddress(void* buffer, unsigned int size) const override { return mpReal->peerAddress(buffer, size); }
+  void shutdownSend() override { mpReal->shutdownSend(); }
+  void close() override { mpReal->close(); }
+
+private:
+  qstd::tAutoPtr<qpi::cAbstractSocketImpl> mpReal;
+  bool mbFailed;
+};
+
+class cFailingServer : public cNetAbstractServer {
+public:
+  using cNetAbstractServer::cNetAbstractServer;
+
+protected:
+  qstd::tAutoPtr<qpi::cAbstractSocketImpl> createSocketImpl() const override {
+    return qstd::tAutoPtr<qpi::cAbstractSocketImpl>(new cFailingAcceptImpl);
+  }
+};
+
+}  // namespace
+
+TEST(NetServer, ReportsAFailedAcceptAndTriesAgainAfterAPause) {
+  cNetQueue net;
+  cFailingServer server(&net.queue);
+  cPeers peers(server);
+  int errors = 0;
+  server.sigError.connect(peers, [&errors](cNetAbstractServer&, const qstd::cAbstractException& e) {
+    ++errors;
+    EXPECT_EQ(qeltest::textOf(e), "OS-Error while trying operation \"accept\"!");
+  });
+  server.listen();
+  cNetAbstractClient client(&net.queue);
+  client.connectTo(*server.localAddress());
+  ASSERT_TRUE(net.runUntil([&] { return errors == 1; }));
+  // The connection waits in the system meanwhile, and is taken after the pause.
+  net.runFor(50);
+  EXPECT_TRUE(peers.connections.empty());
+  ASSERT_TRUE(net.runUntil([&] { return !peers.connections.empty(); }));
+  EXPECT_EQ(errors, 1);
 }
 
 TEST(NetServer, AcceptedConnectionsOutliveTheirServer) {
