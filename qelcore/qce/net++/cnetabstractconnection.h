@@ -102,6 +102,7 @@ public:
   /// Emitted with what failed; sigClosed follows.
   qrmi::localSignal2<qsa::piVoid, cNetAbstractConnection&, const qstd::cAbstractException&> sigError;
 
+  /// Where the connection stands now.
   State state() const;
   /// state() == Connected.
   bool isConnected() const;
@@ -109,6 +110,7 @@ public:
   /// The unconsumed received bytes; valid until the next consume(), read()
   /// or return to the queue.
   const char* receivedData() const;
+  /// How many unconsumed received bytes receivedData() points to.
   std::size_t receivedSize() const;
   /// Drops the first `count` received bytes. Bug exception when `count` is
   /// more than receivedSize().
@@ -118,6 +120,7 @@ public:
   std::size_t read(char* buffer, std::size_t size);
   /// Unconsumed bytes at which reading pauses; 4 MiB by default. At least 1.
   void setReceiveLimit(std::size_t bytes);
+  /// See setReceiveLimit().
   std::size_t receiveLimit() const;
 
   /// Sends `size` bytes: what the system does not take now is kept and sent
@@ -151,6 +154,7 @@ protected:
   /// A closed connection on `queue` (the system's main queue when null).
   explicit cNetAbstractConnection(qpi::cWorkQueue* queue);
 
+  /// Connects, sends what is pending and receives, as the socket allows.
   void ready(unsigned int events) override;
 
 private:

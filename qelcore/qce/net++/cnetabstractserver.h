@@ -91,6 +91,7 @@ public:
   void setAcceptBatch(unsigned int count);
 
 protected:
+  /// Accepts the waiting peers (up to the accept batch).
   void ready(unsigned int events) override;
 
 private:
