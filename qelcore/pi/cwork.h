@@ -22,11 +22,14 @@
 #ifndef QELCORE_PI_CWORK_H
 #define QELCORE_PI_CWORK_H
 
+#include <cstddef>
+
 #include "qelcore/pi/cworkstat.h"
 #include "qelcore/qelexport.h"
 #include "qelcore/rmi/localsignaln.h"
 #include "qelcore/sa/pitypes.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cpoolmemory.h"
 #include "qelcore/std/ctime.h"
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tparentwatch.h"
@@ -52,6 +55,11 @@ public:
   cWork& operator=(const cWork&) = delete;
   // Emits sigDestroyed; the queues that hold the work by reference drop it.
   virtual ~cWork();
+
+  /// Works come from the thread's cache of small blocks (a derived work
+  /// too, when it fits), as a queue makes and drops one per scheduled task.
+  static void* operator new(std::size_t bytes) { return qstd::cPoolMemory::allocateSmall(bytes); }
+  static void operator delete(void* p, std::size_t bytes) noexcept { qstd::cPoolMemory::releaseSmall(p, bytes); }
 
   // Emitted by action(); connect the work's job here.
   qrmi::localSignal0<qsa::piVoid> sigTrigger;
@@ -80,8 +88,12 @@ public:
   // When the work was last (re)started, and when it becomes due.
   const qstd::cTime& scheduledTime() const { return mScheduled; }
   const qstd::cTime& plannedTime() const { return mPlanned; }
-  const qstd::cAsciiString& name() const { return mName; }
-  void setName(const qstd::cAsciiString& name) { mName = name; }
+  const qstd::cAsciiString& name() const { return mpName ? *mpName : settleName(); }
+  void setName(const qstd::cAsciiString& name);
+  /// Sets the name from a C string (null: no name). A short name is kept
+  /// inside the work and becomes a string only when name() is asked for, so
+  /// that naming a work costs no allocation.
+  void setName(const char* name);
   cWorkStat& statistic() { return mStat; }
   const cWorkStat& statistic() const { return mStat; }
   // Gives this work a debug record (see cWorkStat).
@@ -127,6 +139,7 @@ private:
   void reparent(cWork* parent);
   void setForceKeep(bool keep) { mbForceKeep = keep; }
   bool handleActionError(const qstd::cAbstractException& e, bool unused);
+  const qstd::cAsciiString& settleName() const;
 
   qstd::cTime mScheduled;
   qstd::cTime mPlanned;
@@ -136,13 +149,17 @@ private:
   bool mbForceKeep;
   cAbstractAIOData* mpAIOData;
   qrmi::localSignal2<qsa::piVoid, const qstd::cAbstractException&, bool>* mpActionError;
-  qstd::cAsciiString mName;
+  // The name once it was asked for or is long; null while it is short
+  // and waits in macShortName (empty there: no name).
+  mutable qstd::cAsciiString* mpName;
   cWorkStat mStat;
   unsigned int miAmuck;
   qstd::tParentWatch<cWork> mParent;
   bool mbDelegate;
   // Actions and passes running on this work now; cut by the destructor.
   detail::cLifeLink* mpRuns;
+  enum : unsigned int { kShortName = 24 };
+  char macShortName[kShortName];
 };
 
 }  // namespace qpi

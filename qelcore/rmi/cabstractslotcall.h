@@ -4,7 +4,10 @@
 #ifndef QELCORE_RMI_CABSTRACTSLOTCALL_H
 #define QELCORE_RMI_CABSTRACTSLOTCALL_H
 
+#include <cstddef>
+
 #include "qelcore/qelexport.h"
+#include "qelcore/std/cpoolmemory.h"
 
 namespace qstd {
 class cAsciiString;
@@ -32,6 +35,11 @@ public:
   cAbstractSlotCall(const cAbstractSlotCall& other);
   cAbstractSlotCall& operator=(const cAbstractSlotCall&) = delete;
   virtual ~cAbstractSlotCall();
+
+  /// Slot calls come from the thread's cache of small blocks: every
+  /// connection and every scheduled call makes one.
+  static void* operator new(std::size_t bytes) { return qstd::cPoolMemory::allocateSmall(bytes); }
+  static void operator delete(void* p, std::size_t bytes) noexcept { qstd::cPoolMemory::releaseSmall(p, bytes); }
 
   // True when `object` is the receiver (pointer comparison).
   virtual bool matchSlotOfObject(const cConnectable* object) const;

@@ -37,7 +37,7 @@
 #include "qelcore/rmi/crmiexceptions.h"
 #include "qelcore/rmi/ttypestring.h"
 #include "qelcore/std/tautoptr.h"
-#include "qelcore/std/tsimplevector.h"
+#include "qelcore/std/tsmallvector.h"
 
 namespace qrmi {
 
@@ -47,7 +47,8 @@ template <class R, class... A>
 class localSignalN : public cAbstractSignal {
 public:
   typedef cAbstractSlotCallN<R, A...> tSlotCall;
-  typedef qstd::tSimpleVector<tSlotCall*> tSlotCalls;
+  // Most signals have one connection: it is kept without an allocation.
+  typedef qstd::tSmallVector<tSlotCall*, 1> tSlotCalls;
 
   localSignalN() : mpEmission(nullptr) {}
   ~localSignalN() override {
