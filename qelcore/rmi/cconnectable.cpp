@@ -95,7 +95,7 @@ void cConnectable::notifySignalDetached(cAbstractSignal& signal) {
     std::size_t kept = 0;
     for (std::size_t i = 0; i < n; ++i)
       if (entries[i] != &signal) entries[kept++] = entries[i];
-    if (kept != n) mAttachedSignals.erase(mAttachedSignals.begin() + kept, mAttachedSignals.end());
+    for (std::size_t i = kept; i < n; ++i) mAttachedSignals.pop_back();
     return;
   }
   cSignalIndex::cEntries* entry = mpIndex->find(&signal);

@@ -52,16 +52,20 @@ public:
 
   localSignalN() : mpEmission(nullptr) {}
   ~localSignalN() override {
-    checkNIC(emissionDepth());
-    // Emissions further up the stack must not touch this object any more.
-    for (cEmissionLink* e = mpEmission; e;) {
-      cEmissionLink* outer = e->outer();
-      e->mWord |= cEmissionLink::Destroyed;
-      e = outer;
+    if (mpEmission) {
+      checkNIC(emissionDepth());
+      // Emissions further up the stack must not touch this object any more.
+      for (cEmissionLink* e = mpEmission; e;) {
+        cEmissionLink* outer = e->outer();
+        e->mWord |= cEmissionLink::Destroyed;
+        e = outer;
+      }
     }
-    tSlotCalls calls;
-    calls.swap(mvSlots);
-    for (tSlotCall* call : calls) delete call;
+    if (!mvSlots.empty()) {
+      tSlotCalls calls;
+      calls.swap(mvSlots);
+      for (tSlotCall* call : calls) delete call;
+    }
   }
 
   // Connects `method` of `object`; returns a handle to the new connection
