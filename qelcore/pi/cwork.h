@@ -22,8 +22,6 @@
 #ifndef QELCORE_PI_CWORK_H
 #define QELCORE_PI_CWORK_H
 
-#include <cstddef>
-
 #include "qelcore/pi/cworkstat.h"
 #include "qelcore/qelexport.h"
 #include "qelcore/rmi/localsignaln.h"
@@ -46,7 +44,9 @@ namespace detail {
 class cLifeLink;
 }
 
-class QEL_EXPORT cWork {
+// A queue makes and drops one work per scheduled task: works are small
+// objects (derived works too).
+class QEL_EXPORT cWork : public qstd::cSmallObject {
 public:
   enum Type : unsigned int { SingleTask = 0, Periodic = 1, AsyncIO = 2 };
 
@@ -55,11 +55,6 @@ public:
   cWork& operator=(const cWork&) = delete;
   // Emits sigDestroyed; the queues that hold the work by reference drop it.
   virtual ~cWork();
-
-  /// Works come from the thread's cache of small blocks (a derived work
-  /// too, when it fits), as a queue makes and drops one per scheduled task.
-  static void* operator new(std::size_t bytes) { return qstd::cPoolMemory::allocateSmall(bytes); }
-  static void operator delete(void* p, std::size_t bytes) noexcept { qstd::cPoolMemory::releaseSmall(p, bytes); }
 
   // Emitted by action(); connect the work's job here.
   qrmi::localSignal0<qsa::piVoid> sigTrigger;

@@ -4,8 +4,6 @@
 #ifndef QELCORE_RMI_CABSTRACTSLOTCALL_H
 #define QELCORE_RMI_CABSTRACTSLOTCALL_H
 
-#include <cstddef>
-
 #include "qelcore/qelexport.h"
 #include "qelcore/std/cpoolmemory.h"
 
@@ -24,7 +22,9 @@ class cConnectable;
 class cConnection;
 class cAbstractSignal;
 class cPublicSlot;
-class QEL_EXPORT cAbstractSlotCall {
+// Every connection and every scheduled call makes one: slot calls are small
+// objects.
+class QEL_EXPORT cAbstractSlotCall : public qstd::cSmallObject {
 public:
   // Remembers the receiver and the signal the slot call is made for. The
   // receiver learns of the connection when a signal takes the slot call over
@@ -35,11 +35,6 @@ public:
   cAbstractSlotCall(const cAbstractSlotCall& other);
   cAbstractSlotCall& operator=(const cAbstractSlotCall&) = delete;
   virtual ~cAbstractSlotCall();
-
-  /// Slot calls come from the thread's cache of small blocks: every
-  /// connection and every scheduled call makes one.
-  static void* operator new(std::size_t bytes) { return qstd::cPoolMemory::allocateSmall(bytes); }
-  static void operator delete(void* p, std::size_t bytes) noexcept { qstd::cPoolMemory::releaseSmall(p, bytes); }
 
   // True when `object` is the receiver (pointer comparison).
   virtual bool matchSlotOfObject(const cConnectable* object) const;

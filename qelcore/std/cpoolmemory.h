@@ -42,6 +42,20 @@ public:
   static void releaseSmall(void* block, std::size_t bytes) noexcept;
 };
 
+/// Base of classes whose objects come and go at a high rate (works, slot
+/// calls, shared-object records): `new` takes them from the thread's cache
+/// of small blocks, `delete` gives them back. Over-aligned derived classes
+/// and placement new use the global forms.
+class cSmallObject {
+public:
+  static void* operator new(std::size_t bytes) { return cPoolMemory::allocateSmall(bytes); }
+  static void operator delete(void* p, std::size_t bytes) noexcept { cPoolMemory::releaseSmall(p, bytes); }
+  static void* operator new(std::size_t bytes, std::align_val_t align) { return ::operator new(bytes, align); }
+  static void operator delete(void* p, std::size_t, std::align_val_t align) noexcept { ::operator delete(p, align); }
+  static void* operator new(std::size_t, void* where) noexcept { return where; }
+  static void operator delete(void*, void*) noexcept {}
+};
+
 /// A standard allocator over cPoolMemory's small blocks, for node-based
 /// containers (one node per allocation); larger requests go to operator new.
 template <class T>

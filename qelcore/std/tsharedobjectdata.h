@@ -7,14 +7,13 @@
 #ifndef QELCORE_STD_TSHAREDOBJECTDATA_H
 #define QELCORE_STD_TSHAREDOBJECTDATA_H
 
-#include <cstddef>
-
 #include "qelcore/qelexport.h"
 #include "qelcore/std/cpoolmemory.h"
 
 namespace qstd {
 
-class QEL_EXPORT tSharedObjectData {
+// One record is made for every shared object: records are small objects.
+class QEL_EXPORT tSharedObjectData : public cSmallObject {
 public:
   // Deletes the object as the type it was created with, so that handles of a
   // base type free it correctly.
@@ -24,11 +23,6 @@ public:
       : mbOwns(owns), miObjectRefs(1), miHandles(1), mpObject(object), mpfnDeleter(deleter) {}
   tSharedObjectData(const tSharedObjectData&) = delete;
   tSharedObjectData& operator=(const tSharedObjectData&) = delete;
-
-  /// Records come from the thread's cache of small blocks: one is made for
-  /// every shared object.
-  static void* operator new(std::size_t bytes) { return cPoolMemory::allocateSmall(bytes); }
-  static void operator delete(void* p, std::size_t bytes) noexcept { cPoolMemory::releaseSmall(p, bytes); }
 
   bool owns() const { return mbOwns; }
   unsigned int objectRefs() const { return miObjectRefs; }
