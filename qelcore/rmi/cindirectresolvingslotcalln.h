@@ -66,7 +66,7 @@ private:
   template <std::size_t... I>
   void callFromArchive(qsa::cAbstractDeserializer& in, qsa::cAbstractSerializer& out, std::index_sequence<I...>) const {
     tValues values;
-    /// Arguments that do not fit are left unread.
+    // Arguments that do not fit are left unread.
     qsa::cPositionGuard guard(in);
     try {
       int expand[] = {0, ((std::get<I>(values) << in), 0)...};

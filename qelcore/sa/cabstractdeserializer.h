@@ -179,7 +179,7 @@ cAbstractDeserializer& operator<<(qstd::tArray<T, Traits>& v, cAbstractDeseriali
   } else {
     unsigned int n = 0;
     n << d;
-    /// Elements are appended as they are read: the count alone allocates nothing.
+    // Elements are appended as they are read: the count alone allocates nothing.
     for (unsigned int i = 0; i < n; ++i) {
       T element;
       element << d;

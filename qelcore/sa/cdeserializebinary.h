@@ -184,7 +184,7 @@ private:
         return;
       }
     }
-    /// Labels in between, or an error: one at a time, undone on failure.
+    // Labels in between, or an error: one at a time, undone on failure.
     const unsigned int start = miPos;
     try {
       for (unsigned int i = 0; i < count; ++i) load(values[i]);
