@@ -26,8 +26,8 @@ namespace qrmi {
 template <class F, class R, class... A>
 class cFunctorSlotCallN : public cAbstractSlotCallN<R, A...> {
 public:
-  template <class G>
   /// Calls `function`; the connection belongs to `owner` and ends with it.
+  template <class G>
   cFunctorSlotCallN(cConnectable& owner, G&& function, cAbstractSignal* signal)
       : cAbstractSlotCallN<R, A...>(owner, signal), mFunction(static_cast<G&&>(function)) {}
 

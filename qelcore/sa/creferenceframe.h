@@ -54,8 +54,8 @@ public:
   bool empty() const { return mEntries.empty(); }
   /// Range-checked access to one entry.
   const cTypeReference& at(unsigned int index) const;
-  template <class T>
   /// The value at `index` as a T; a wrong type throws the type mismatch.
+  template <class T>
   T& get(unsigned int index) const {
     return at(index).get<T>();
   }
@@ -74,8 +74,8 @@ public:
   void setPosition(unsigned int position);
   /// No current entry left.
   bool atEnd() const { return miPos >= mEntries.size(); }
-  template <class T>
   /// The current entry as a T, then moves on (see above).
+  template <class T>
   T& next() {
     T& value = at(miPos).get<T>();
     ++miPos;

@@ -16,8 +16,8 @@ class QEL_EXPORT cTypeReference : public cAbstractTypeReference {
 public:
   /// Refers to nothing; every access throws.
   cTypeReference() : mpValue(0), mpInfo(0), mbConst(true) {}
-  template <class T>
   /// Refers to `value` (constant when T is).
+  template <class T>
   explicit cTypeReference(T& value)
       : mpValue(const_cast<std::remove_const_t<T>*>(&value)),
         mpInfo(&tTypeInfo<std::remove_const_t<T>>::get()),
