@@ -48,7 +48,8 @@
 
 namespace qcs {
 class cAbstractModule;
-}
+class cPlugInGuard;
+}  // namespace qcs
 namespace qsa {
 class cAbstractDeserializer;
 class cAbstractSerializer;
@@ -80,6 +81,12 @@ public:
 
   /// Appends an entry owning the extension.
   void add(qstd::tAutoPtr<cAbstractCoreExtension> extension);
+  /// Lists the core extension of a plug-in already loaded (see
+  /// qcs::cPlugInMgr::loadPlugIn); the entry owns the plug-in and its file
+  /// from now on. A plug-in that is no core extension is unloaded with the
+  /// runtime exception "Module ("%name%") does not provide core extension
+  /// functionality." (its file name, or its name when it is linked in).
+  qcs::cAbstractModule& add(qstd::tAutoPtr<qcs::cPlugInGuard> plugIn);
 
   /// Opens the module file, lets its plug-in be created with `frame` and
   /// lists the plug-in's core extension (the entry owns the plug-in and its
