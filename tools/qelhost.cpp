@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -114,6 +115,32 @@ struct cModuleError {
   std::string msText;
 };
 
+// The module paths: the -L directories, then those of the system's core
+// extensions (QELCORE_MODULE_PATH, the library's module directory).
+qio::cSearchPaths modulePaths(const cOptions& options) {
+  qio::cSearchPaths paths = qpi::system().coreExtensions().modulePaths();
+  for (auto it = options.mModulePaths.rbegin(); it != options.mModulePaths.rend(); ++it)
+    paths.prepend(qio::cPath(fromText(*it)));
+  return paths;
+}
+
+// A module file as given, or a module name (no directory part) completed to
+// the platform's file name and looked for in the module paths.
+std::string moduleFile(const std::string& name, const cOptions& options) {
+  if (qio::cFileInfo(qio::cPath(fromText(name))).exists()) return name;
+  if (name.find_first_of("/\\") != std::string::npos) throw cModuleError{"module file " + name + " not found"};
+  qucs::cString file = fromText(name);
+  qpi::cPlatform::createPlatformInfo()->osSpecificSOName(file);
+  const qio::cSearchPaths paths = modulePaths(options);
+  const qio::cPath found = paths.tryFind(qio::cPath(file));
+  if (found.isEmpty()) {
+    std::string where;
+    for (unsigned int i = 0; i < paths.count(); ++i) where += (i ? ", " : "") + text(paths.at(i).toString());
+    throw cModuleError{"unknown module " + name + ": no " + text(file) + " in " + (where.empty() ? "no module path" : where)};
+  }
+  return text(found.toString());
+}
+
 // Set by the signal handlers, read by a work on the main loop.
 volatile std::sig_atomic_t gStatusWanted = 0;
 volatile std::sig_atomic_t gCloseWanted = 0;
@@ -139,30 +166,18 @@ public:
   explicit cHost(const cOptions& options) : mOptions(options), mMgr(qpi::system().coreExtensions()) {
     qpi::system().setApp(this);
     mMgr.setApp(*this);
-    mPaths = qpi::system().coreExtensions().modulePaths();
-    for (auto it = options.mModulePaths.rbegin(); it != options.mModulePaths.rend(); ++it)
-      mPaths.prepend(qio::cPath(fromText(*it)));
     mExtension = qpi::cPlatform::createPlatformInfo()->osSharedObjectFileExtension().c_str();
   }
-  ~cHost() override {
-    mPlugIns.unloadAll();
-    qpi::system().setApp(nullptr);
-  }
+  ~cHost() override { qpi::system().setApp(nullptr); }
 
   // Loads every module named on the command line.
   void load() {
     for (const std::string& name : mOptions.mModules) {
       const qio::cPath path(fromText(name));
-      const qio::cFileInfo info(path);
-      if (info.isDirectory()) {
+      if (qio::cFileInfo(path).isDirectory())
         loadDirectory(path);
-      } else if (info.exists()) {
-        loadFile(text(path.toString()));
-      } else if (name.find_first_of("/\\") == std::string::npos) {
-        loadFile(findModule(name));
-      } else {
-        throw cModuleError{"module file " + name + " not found"};
-      }
+      else
+        loadFile(moduleFile(name, mOptions));
     }
   }
 
@@ -182,8 +197,8 @@ public:
     qpi::unschedule(*watch);
   }
 
-  // The closing sequence; false when a component advised against closing
-  // (it is closed all the same).
+  // The closing sequence. A component that advises against closing is
+  // overruled: the host was told to close.
   void close() {
     if (!mMgr.applicationCloseAdvisable(*this))
       std::fprintf(stderr, "qelhost: a component advised against closing; closing all the same\n");
@@ -192,18 +207,6 @@ public:
   }
 
 private:
-  std::string findModule(const std::string& name) {
-    qucs::cString file = fromText(name);
-    qpi::cPlatform::createPlatformInfo()->osSpecificSOName(file);
-    const qio::cPath found = mPaths.tryFind(qio::cPath(file));
-    if (found.isEmpty()) {
-      std::string where;
-      for (unsigned int i = 0; i < mPaths.count(); ++i) where += (i ? ", " : "") + text(mPaths.at(i).toString());
-      throw cModuleError{"unknown module " + name + ": no " + text(file) + " in " + (where.empty() ? "no module path" : where)};
-    }
-    return text(found.toString());
-  }
-
   void loadDirectory(const qio::cPath& dir) {
     qstd::tVector<qucs::cString> names;
     qio::cDir(dir).entryNames(names);
@@ -226,14 +229,11 @@ private:
     qstd::tAutoPtr<qpi::cAbstractClassLoader> probe = qpi::cPlatform::createClassLoader(file);
     if (probe->hasComponentSection()) mMgr.loadComponent(file, qcs::cComponentAddr());
     if (probe->hasPlugInSection()) {
-      qsa::cReferenceFrame frame;
-      qstd::tAutoPtr<qcs::cPlugInGuard> guard = mPlugIns.loadPlugIn(file, frame);
-      if (guard->plugIn().isCoreExtension()) {
-        guard.reset();
-        qpi::system().coreExtensions().load(file, frame);
-      } else {
+      qstd::tAutoPtr<qcs::cPlugInGuard> guard = mPlugIns.loadPlugIn(file);
+      if (guard->plugIn().isCoreExtension())
+        qpi::system().coreExtensions().add(guard);
+      else
         mPlugIns.registerPlugIn(guard);
-      }
     }
   }
 
@@ -336,20 +336,20 @@ private:
   }
 
   const cOptions& mOptions;
-  qio::cSearchPaths mPaths;
   std::string mExtension;
   qcs::cModuleMgr mMgr;
   qcs::cPlugInMgr mPlugIns;
 };
 
 // --check: the module's sections and versions, without creating anything.
-void check(const std::string& name) {
-  const qucs::cString file = fromText(name);
+void check(const std::string& name, const cOptions& options) {
+  const std::string path = moduleFile(name, options);
+  const qucs::cString file = fromText(path);
   qstd::tAutoPtr<qpi::cAbstractClassLoader> loader = qpi::cPlatform::createClassLoader(file);
   unsigned int major = 0, minor = 0, qelMajor = 0, qelMinor = 0;
   loader->getModuleVersion(major, minor);
   loader->getModuleQELVersion(qelMajor, qelMinor);
-  std::printf("%s: a module file\n", name.c_str());
+  std::printf("%s: a module file\n", path.c_str());
   std::printf("  moduleInitComponent  %s\n", loader->hasComponentSection() ? "present" : "absent");
   std::printf("  moduleInitPlugIn     %s\n", loader->hasPlugInSection() ? "present" : "absent");
   std::printf("  moduleVersion        %u.%u\n", major, minor);
@@ -376,7 +376,7 @@ void trace(const qstd::cAbstractException& e) {
 
 int host(const cOptions& options) {
   if (!options.msCheck.empty()) {
-    check(options.msCheck);
+    check(options.msCheck, options);
     return eOk;
   }
   std::signal(SIGINT, onCloseSignal);
@@ -416,6 +416,8 @@ int main(int argc, char** argv) {
   } catch (const qstd::cAbstractException& e) {
     std::fprintf(stderr, "qelhost: %s\n", oneLine(e).c_str());
     if (options.mbTrace) trace(e);
+  } catch (const std::exception& e) {
+    std::fprintf(stderr, "qelhost: %s\n", e.what());
   }
   qpi::cSystem::cleanup();
   return result;

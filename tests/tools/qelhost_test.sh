@@ -88,6 +88,9 @@ expect 0 "moduleVersion        1.0" "--check of a component module"
 grep -qF "moduleInitComponent  present" <<<"$out" && grep -qF "moduleInitPlugIn     absent" <<<"$out" ||
   fail "--check reports the sections"
 
+run -L "$examples" --check latin1
+expect 0 "moduleInitPlugIn     present" "--check of a module by name"
+
 run --check "$(module "$broken" noinit)"
 expect 1 "Missing moduleInit section" "--check of a module without init section"
 one_error_line "--check of a module without init section"
