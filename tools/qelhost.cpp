@@ -189,6 +189,9 @@ public:
       for (int i = 0; i < 1000 && mMgr.passRequested(); ++i) qpi::system().exec();
       printStatus();
     } else {
+      std::printf("qelhost: running %u components%s\n", mMgr.components().size(),
+                  mOptions.mdFor < 0 ? "; SIGINT or SIGTERM closes" : "");
+      std::fflush(stdout);
       const qstd::cTime start;
       while (!gCloseWanted &&
              (mOptions.mdFor < 0 || static_cast<double>(start.diff().toMSec()) < mOptions.mdFor * 1000.0))

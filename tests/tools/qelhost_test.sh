@@ -95,7 +95,7 @@ run --check "$(module "$broken" noinit)"
 expect 1 "Missing moduleInit section" "--check of a module without init section"
 one_error_line "--check of a module without init section"
 
-run --for 0.2 "$(module "$examples" alarm)" "$(module "$examples" clock)"
+run --for 0.5 "$(module "$examples" alarm)" "$(module "$examples" clock)"
 expect 0 "ring" "--for runs the main loop, then closes"
 grep -qF "will be removed shortly" <<<"$out" || fail "closing warns the components"
 
@@ -103,9 +103,9 @@ grep -qF "will be removed shortly" <<<"$out" || fail "closing warns the componen
 if [ ${#runner[@]} -eq 0 ]; then
   "$host" "$(module "$examples" alarm)" "$(module "$examples" clock)" >"$work/out" 2>"$work/err" &
   pid=$!
-  sleep 0.5
+  for _ in $(seq 100); do grep -q "qelhost: running" "$work/out" && break; sleep 0.1; done
   kill -USR1 $pid
-  sleep 0.3
+  for _ in $(seq 100); do grep -q "^work queue" "$work/out" && break; sleep 0.1; done
   kill -TERM $pid
   wait $pid
   rc=$?
