@@ -44,7 +44,8 @@ public:
   int run() {
     std::printf("QELCore component application\n");
     step("module files, through the search paths");
-    for (unsigned int i = 0; i < mPaths.count(); ++i) std::printf("  app     searches %s\n", text(mPaths.at(i).toString()).c_str());
+    for (unsigned int i = 0; i < mPaths.count(); ++i)
+      std::printf("  app     searches %s\n", text(mPaths.at(i).toString()).c_str());
 
     step("a plug-in with a core extension");
     qsa::cReferenceFrame frame;
@@ -53,11 +54,16 @@ public:
                 latin1.moduleInfo().description().c_str());
     qstd::tAutoPtr<qucs::cAbstractEnDec> encoder = qpi::system().coreExtensions().createEnDec("Endec-Latin1");
     qucs::cString word;
-    word.fromUTF8(qstd::tArray<char>("Gr\xC3\xBC\xC3\x9F" "e", 7));
+    word.fromUTF8(
+        qstd::tArray<char>("Gr\xC3\xBC\xC3\x9F"
+                           "e",
+                           7));
     qstd::tArray<char> bytes;
     encoder->encode(word, bytes);
-    std::printf("  app     %s encodes \"Gr\xC3\xBC\xC3\x9F" "e\" in %u bytes (UTF-8: %u)\n", encoder->name().c_str(),
-                bytes.size(), word.toUTF8().size());
+    std::printf(
+        "  app     %s encodes \"Gr\xC3\xBC\xC3\x9F"
+        "e\" in %u bytes (UTF-8: %u)\n",
+        encoder->name().c_str(), bytes.size(), word.toUTF8().size());
 
     step("components: loaded, announced, matched first-best");
     mMgr.loadComponent(moduleFile("alarm"), qcs::cComponentAddr());

@@ -85,7 +85,8 @@ cOptions parse(int argc, char** argv) {
       const std::string text = value();
       char* end = nullptr;
       o.mdFor = std::strtod(text.c_str(), &end);
-      if (text.empty() || *end || !(o.mdFor >= 0)) throw cUsageError{"--for wants a number of seconds, not \"" + text + "\""};
+      if (text.empty() || *end || !(o.mdFor >= 0))
+        throw cUsageError{"--for wants a number of seconds, not \"" + text + "\""};
     } else if (arg.size() > 1 && arg[0] == '-') {
       throw cUsageError{"unknown option " + arg};
     } else {
@@ -136,7 +137,8 @@ std::string moduleFile(const std::string& name, const cOptions& options) {
   if (found.isEmpty()) {
     std::string where;
     for (unsigned int i = 0; i < paths.count(); ++i) where += (i ? ", " : "") + text(paths.at(i).toString());
-    throw cModuleError{"unknown module " + name + ": no " + text(file) + " in " + (where.empty() ? "no module path" : where)};
+    throw cModuleError{"unknown module " + name + ": no " + text(file) + " in " +
+                       (where.empty() ? "no module path" : where)};
   }
   return text(found.toString());
 }
@@ -184,7 +186,8 @@ public:
   // Runs the main loop: until the passes are done (--list), for a while
   // (--for), or until a signal says to close.
   void run() {
-    qstd::tSharedObject<qpi::cWork> watch = qpi::schedule(*this, &cHost::sltWatch, 50, qpi::cWork::Periodic, "qelhost signals");
+    qstd::tSharedObject<qpi::cWork> watch =
+        qpi::schedule(*this, &cHost::sltWatch, 50, qpi::cWork::Periodic, "qelhost signals");
     if (mOptions.mbList) {
       for (int i = 0; i < 1000 && mMgr.passRequested(); ++i) qpi::system().exec();
       printStatus();
@@ -216,7 +219,8 @@ private:
     std::vector<std::string> files;
     for (unsigned int i = 0; i < names.size(); ++i) {
       const std::string name = text(names[i]);
-      if (name.size() > mExtension.size() && name.compare(name.size() - mExtension.size(), std::string::npos, mExtension) == 0)
+      if (name.size() > mExtension.size() &&
+          name.compare(name.size() - mExtension.size(), std::string::npos, mExtension) == 0)
         files.push_back(text((dir / qio::cPath(names[i])).toString()));
     }
     std::sort(files.begin(), files.end());
@@ -266,8 +270,8 @@ private:
       unsigned int major = 0, minor = 0, qelMajor = 0, qelMinor = 0;
       loader->getModuleVersion(major, minor);
       loader->getModuleQELVersion(qelMajor, qelMinor);
-      std::printf("    file       %s (module %u.%u, built against QELCore %u.%u)\n", text(loader->libFileName()).c_str(),
-                  major, minor, qelMajor, qelMinor);
+      std::printf("    file       %s (module %u.%u, built against QELCore %u.%u)\n",
+                  text(loader->libFileName()).c_str(), major, minor, qelMajor, qelMinor);
     } else {
       std::printf("    file       (linked into the program)\n");
     }
@@ -299,7 +303,8 @@ private:
           match = std::string("matched ") + dep.match().location().toString().c_str();
         else if (dep.matched())
           match = "match lost, to be recalculated";
-        std::printf("    depends on %s (%s): %s\n", dep.desc().name().c_str(), algorithm(dep.algorithm()), match.c_str());
+        std::printf("    depends on %s (%s): %s\n", dep.desc().name().c_str(), algorithm(dep.algorithm()),
+                    match.c_str());
       }
     }
     unsigned int plugIns = mPlugIns.plugIns().size();

@@ -4,8 +4,9 @@
 // main work queue that calls the clock through the matched interface.
 #include <cstdio>
 
-#include "clockapi.h"
 #include "qelcore/qcs/cmodulesections.h"
+
+#include "clockapi.h"
 
 class cAlarm : public qcs::cAbstractComponent {
 public:
@@ -40,7 +41,7 @@ public:
   }
   qsa::piVoid sltRing() {
     if (!mClock.match().valid()) return qsa::piVoid();  // the clock has just gone
-    const unsigned int now = mUse.now();                 // a call through the interface
+    const unsigned int now = mUse.now();                // a call through the interface
     std::printf("  alarm   ring: the clock at %s says %02u:%02u\n", mClock.address().toString().c_str(), now / 3600,
                 now / 60 % 60);
     return qsa::piVoid();

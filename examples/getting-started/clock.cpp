@@ -1,7 +1,8 @@
 // A component with an interface, in a module file of its own (libclock.so,
 // clock.dll). Load it with mgr.loadComponent(file, qcs::cComponentAddr()).
-#include "clockapi.h"
 #include "qelcore/qcs/cmodulesections.h"
+
+#include "clockapi.h"
 
 class cClock : public qcs::cAbstractComponent {
 public:
@@ -13,5 +14,5 @@ public:
   }
 };
 
-QEL_MODULE_VERSION(1, 0)       // moduleVersion 1.0, and the library version built against
-QEL_MODULE_COMPONENT(cClock)   // moduleInitComponent: new cClock(mgr, frame)
+QEL_MODULE_VERSION(1, 0)      // moduleVersion 1.0, and the library version built against
+QEL_MODULE_COMPONENT(cClock)  // moduleInitComponent: new cClock(mgr, frame)

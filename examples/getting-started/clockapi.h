@@ -11,8 +11,8 @@
 class cClockApi : public qcs::cAbstractInterface {
 public:
   cClockApi()
-      : cAbstractInterface(qcs::cInterfaceDesc(qcs::cInterfaceDesc::eProvidedInterface, "Clock", "example", 1,
-                                               "the time of day")) {
+      : cAbstractInterface(
+            qcs::cInterfaceDesc(qcs::cInterfaceDesc::eProvidedInterface, "Clock", "example", 1, "the time of day")) {
     qrmi::registerPublicSlot(*this, &cClockApi::sltNow, "now");
   }
   unsigned int sltNow() { return miSeconds += 60; }
@@ -25,7 +25,8 @@ public:
 // The requiring side of the same name.
 class cClockUse : public qcs::cAbstractInterface {
 public:
-  cClockUse() : cAbstractInterface(qcs::cInterfaceDesc(qcs::cInterfaceDesc::eRequiredInterface, "Clock", "example", 1, "")) {}
+  cClockUse()
+      : cAbstractInterface(qcs::cInterfaceDesc(qcs::cInterfaceDesc::eRequiredInterface, "Clock", "example", 1, "")) {}
   qrmi::localSignal0<unsigned int> now;
   void connectInterface(qcs::cAbstractInterface& clock) override { bindSlot(now, clock, "now"); }
   void disconnectInterface() override { unbindSlots(); }

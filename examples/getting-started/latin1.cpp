@@ -18,7 +18,8 @@ public:
     for (unsigned int i = 0; i < text.size(); ++i) out.append(static_cast<char>(text[i] <= 0xFF ? text[i] : '?'));
   }
   void decode(const qstd::tConstArrayRef<char>& bytes, qucs::cString& out) const override {
-    for (unsigned int i = 0; i < bytes.size(); ++i) out.append(static_cast<unsigned int>(static_cast<unsigned char>(bytes[i])));
+    for (unsigned int i = 0; i < bytes.size(); ++i)
+      out.append(static_cast<unsigned int>(static_cast<unsigned char>(bytes[i])));
   }
 };
 

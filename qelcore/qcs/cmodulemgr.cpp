@@ -2,9 +2,9 @@
 
 #include "qelcore/pi/cabstractclassloader.h"
 #include "qelcore/pi/cplatform.h"
-#include "qelcore/sa/creferenceframe.h"
 #include "qelcore/qcs/cqcsexceptions.h"
 #include "qelcore/qcs/detail/cmodulemgrimpl.h"
+#include "qelcore/sa/creferenceframe.h"
 #include "qelcore/std/cstdexceptions.h"
 
 namespace qcs {
