@@ -101,16 +101,20 @@ grep -qF "will be removed shortly" <<<"$out" || fail "closing warns the componen
 
 # Signals: SIGUSR1 prints the status, SIGTERM closes (not under a runner).
 if [ ${#runner[@]} -eq 0 ]; then
-  "$host" "$(module "$examples" alarm)" "$(module "$examples" clock)" >"$work/out" 2>"$work/err" &
+  # Files of its own, and no command substitution in the background command
+  # (its subshell would run the EXIT trap and remove the work directory).
+  alarm=$(module "$examples" alarm)
+  clock=$(module "$examples" clock)
+  "$host" "$alarm" "$clock" >"$work/signal.out" 2>"$work/signal.err" &
   pid=$!
-  for _ in $(seq 100); do grep -q "qelhost: running" "$work/out" && break; sleep 0.1; done
+  for _ in $(seq 100); do grep -q "SIGINT or SIGTERM closes" "$work/signal.out" && break; sleep 0.1; done
   kill -USR1 $pid
-  for _ in $(seq 100); do grep -q "^work queue" "$work/out" && break; sleep 0.1; done
+  for _ in $(seq 100); do grep -q "^work queue" "$work/signal.out" && break; sleep 0.1; done
   kill -TERM $pid
   wait $pid
   rc=$?
-  out=$(cat "$work/out")
-  err=$(cat "$work/err")
+  out=$(cat "$work/signal.out")
+  err=$(cat "$work/signal.err")
   expect 0 "components (2)" "SIGUSR1 prints the status, SIGTERM closes"
 fi
 
