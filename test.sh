@@ -75,7 +75,24 @@ for step in "${steps[@]}"; do
       prefix="$root/build/release/install"
       rm -rf "$prefix" build/consumer
       cmake --install build/release --prefix "$prefix" >/dev/null
-      if cmake -S examples/consumer -B build/consumer -G Ninja -DCMAKE_PREFIX_PATH="$prefix" >/dev/null &&
+      # One version everywhere: the package's version file, the SONAME, the
+      # qelVersion that modules record, and pkg-config.
+      version=$(sed -nE 's/^set\(PACKAGE_VERSION "([^"]+)"\)/\1/p' "$prefix/lib/cmake/QELCore/QELCoreConfigVersion.cmake")
+      soname=$(readelf -d "$prefix/lib/libqelcore.so" | sed -nE 's/.*\(SONAME\).*\[(.*)\].*/\1/p')
+      qel=$("$prefix/bin/qelhost" --check "$prefix/lib/qelcore/modules/libqelipv6.so" |
+            sed -nE 's/^  qelVersion +([0-9]+\.[0-9]+).*/\1/p')
+      pc=$(PKG_CONFIG_PATH="$prefix/lib/pkgconfig" pkg-config --modversion qelcore)
+      if [ -n "$version" ] && [ "$soname" = "libqelcore.so.${version%%.*}" ] && [ "$qel" = "${version%.*}" ] &&
+         [ "$pc" = "$version" ] && "$prefix/bin/qelhost" --list "$prefix/lib/qelcore/modules" >/dev/null; then
+        echo "installed package: version $version ($soname, qelVersion $qel), host tool and modules"
+        passed=$((passed + 1))
+      else
+        echo "installed package: versions disagree or the host tool fails: version file '$version'," \
+             "SONAME '$soname', qelVersion '$qel', pkg-config '$pc'"
+        failed=$((failed + 1)); status=1
+      fi
+      if cmake -S examples/consumer -B build/consumer -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
+           -DQELCORE_WANTED_VERSION="$version" >/dev/null &&
          cmake --build build/consumer >/dev/null && LD_LIBRARY_PATH="$prefix/lib" build/consumer/consumer &&
          PKG_CONFIG_PATH="$prefix/lib/pkgconfig" pkg-config --exists qelcore; then
         echo "installed package: found and linked by an outside project"; passed=$((passed + 1))

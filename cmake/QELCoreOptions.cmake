@@ -52,3 +52,16 @@ function(qelcore_add_module target name directory)
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} PREFIX "${prefix}" SUFFIX "${suffix}"
     LIBRARY_OUTPUT_DIRECTORY ${directory} RUNTIME_OUTPUT_DIRECTORY ${directory})
 endfunction()
+
+# qelcore_add_modules(<target prefix> <directory> <sources>...): one module file
+# per source, named after it (x.cpp: target <prefix>x, libx.so or x.dll), all in
+# <directory>; QELCORE_ADDED_MODULES receives the targets.
+function(qelcore_add_modules prefix directory)
+  set(targets "")
+  foreach(source ${ARGN})
+    get_filename_component(name ${source} NAME_WE)
+    qelcore_add_module(${prefix}${name} ${name} ${directory} ${source})
+    list(APPEND targets ${prefix}${name})
+  endforeach()
+  set(QELCORE_ADDED_MODULES ${targets} PARENT_SCOPE)
+endfunction()

@@ -5,8 +5,8 @@
 # benchmarks measure alongside the library (never needed to build or test).
 set -euo pipefail
 want=${1:-all}
-# graphviz draws the example's graph of the main loop's works.
-pkgs=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev valgrind graphviz)
+# graphviz draws the examples' graphs of the main loop's works; doxygen makes the API reference.
+pkgs=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev valgrind graphviz doxygen)
 case "$want" in
   linux) ;;
   bench) pkgs+=(libboost-dev libboost-serialization-dev libcereal-dev libsigc++-3.0-dev libutfcpp-dev libfmt-dev

@@ -1,4 +1,5 @@
-// Rebuilds the exceptions of the file system layer from their type names.
+/// \class qio::cIOExceptionFactory
+/// Rebuilds the exceptions of the file system layer from their type names.
 #ifndef QELCORE_IO_CIOEXCEPTIONFACTORY_H
 #define QELCORE_IO_CIOEXCEPTIONFACTORY_H
 
@@ -9,6 +10,7 @@ namespace qio {
 
 class QEL_EXPORT cIOExceptionFactory : public qstd::cAbstractExceptionFactory {
 public:
+  /// A new exception of the file layer's type name, or null.
   qstd::cAbstractException* createException(const qstd::cAsciiString& typeName) const override;
 };
 

@@ -7,4 +7,8 @@ cAbstractClassLoader::cAbstractClassLoader(const qucs::cString& libFileName)
 
 cAbstractClassLoader::~cAbstractClassLoader() {}
 
+bool cAbstractClassLoader::hasComponentSection() const { return true; }
+
+bool cAbstractClassLoader::hasPlugInSection() const { return true; }
+
 }  // namespace qpi

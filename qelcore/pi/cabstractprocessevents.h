@@ -1,18 +1,21 @@
-// An event processor: what a work queue (cWorkQueue) waits through. The
-// queue decides what is due and how long nothing is due; the processor does
-// the waiting and emits sigFinished when a wait is over.
-//
-//   qpi::cWorkQueue queue;
-//   queue.setEvents(qpi::cPlatform::createProcessEvents());
-//
-// An idle queue (no started work) waits only in a processor that says so
-// (waitsWhenIdle(): the I/O processor of cPlatform::createAIOProcessEvents()
-// does); with the others process() returns at once and a loop over it spins.
-//
-// Processors run on the queue's thread. wakeUp() is called from that thread
-// (by work changes inside a nested local loop); wakeUpFromAnyThread() is the
-// one operation another thread may call, to cut a wait short after handing a
-// work to the queue (cWorkQueue::post).
+/// \class qpi::cAbstractProcessEvents
+/// An event processor: what a work queue (cWorkQueue) waits through. The
+/// queue decides what is due and how long nothing is due; the processor does
+/// the waiting and emits sigFinished when a wait is over.
+///
+/// \code
+///   qpi::cWorkQueue queue;
+///   queue.setEvents(qpi::cPlatform::createProcessEvents());
+/// \endcode
+///
+/// An idle queue (no started work) waits only in a processor that says so
+/// (waitsWhenIdle(): the I/O processor of cPlatform::createAIOProcessEvents()
+/// does); with the others process() returns at once and a loop over it spins.
+///
+/// Processors run on the queue's thread. wakeUp() is called from that thread
+/// (by work changes inside a nested local loop); wakeUpFromAnyThread() is the
+/// one operation another thread may call, to cut a wait short after handing a
+/// work to the queue (cWorkQueue::post).
 #ifndef QELCORE_PI_CABSTRACTPROCESSEVENTS_H
 #define QELCORE_PI_CABSTRACTPROCESSEVENTS_H
 
@@ -29,6 +32,7 @@ class cWork;
 
 class QEL_EXPORT cAbstractProcessEvents {
 public:
+  /// A queue's works, as the queue hands them to its processor.
   typedef qstd::tList<qstd::tSharedObject<cWork>> tJobs;
 
   cAbstractProcessEvents();
@@ -36,19 +40,19 @@ public:
   cAbstractProcessEvents& operator=(const cAbstractProcessEvents&) = delete;
   virtual ~cAbstractProcessEvents();
 
-  // Waits on the descriptors of asynchronous I/O works.
+  /// Waits on the descriptors of asynchronous I/O works.
   virtual bool supportsAIO() const = 0;
-  // Drives the queue itself (poll()) instead of being driven by process().
+  /// Drives the queue itself (poll()) instead of being driven by process().
   virtual bool isAsynchronous() const = 0;
-  // Waits up to `waitMs` for the queue at nesting `level` holding `jobs`,
-  // then emits sigFinished.
+  /// Waits up to `waitMs` for the queue at nesting `level` holding `jobs`,
+  /// then emits sigFinished.
   virtual void yield(unsigned int level, tJobs& jobs, unsigned int waitMs) = 0;
-  // Ends a running wait early where the processor can.
+  /// Ends a running wait early where the processor can.
   virtual void wakeUp() = 0;
-  // One step of an asynchronous processor. Does nothing here.
+  /// One step of an asynchronous processor. Does nothing here.
   virtual void poll();
-  // Thread-safe wake-up. Does nothing here: processors that cannot be woken
-  // from another thread see handed-over works at their next pass.
+  /// Thread-safe wake-up. Does nothing here: processors that cannot be woken
+  /// from another thread see handed-over works at their next pass.
   virtual void wakeUpFromAnyThread();
   /// Whether the queue may wait here when a pass leaves nothing timed and
   /// nothing asynchronous. Such a processor is handed the longest wait and
@@ -57,13 +61,13 @@ public:
   /// process() returns at once.
   virtual bool waitsWhenIdle() const;
 
-  // Emitted when a wait is over.
+  /// Emitted when a wait is over.
   qrmi::localSignal0<qsa::piVoid> sigFinished;
 
 protected:
-  // For processors with I/O support: the descriptor data of a started I/O
-  // work, its ready events cleared for the coming wait; null for any other
-  // entry.
+  /// For processors with I/O support: the descriptor data of a started I/O
+  /// work, its ready events cleared for the coming wait; null for any other
+  /// entry.
   static cFDAIOData* waitingFDData(const qstd::tSharedObject<cWork>& entry);
 };
 

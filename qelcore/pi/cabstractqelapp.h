@@ -1,13 +1,16 @@
-// The application object. An application derives its own class from it and
-// hands an instance to the system object; the library only keeps the
-// reference and gives it back to the parts that ask (the component system
-// asks it whether closing is advisable).
-//
-//   class cMyApp : public qpi::cAbstractQELApp { ... };
-//   cMyApp app;
-//   qpi::system().setApp(&app);
-//   ...
-//   qpi::system().setApp(nullptr);     // before app dies
+/// \class qpi::cAbstractQELApp
+/// The application object. An application derives its own class from it and
+/// hands an instance to the system object; the library only keeps the
+/// reference and gives it back to the parts that ask (the component system
+/// asks it whether closing is advisable).
+///
+/// \code
+///   class cMyApp : public qpi::cAbstractQELApp { ... };
+///   cMyApp app;
+///   qpi::system().setApp(&app);
+///   ...
+///   qpi::system().setApp(nullptr);     // before app dies
+/// \endcode
 #ifndef QELCORE_PI_CABSTRACTQELAPP_H
 #define QELCORE_PI_CABSTRACTQELAPP_H
 

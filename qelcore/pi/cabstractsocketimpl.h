@@ -1,20 +1,23 @@
-// One operating-system stream socket, non-blocking: the interface that
-// cPlatform::createSocketImpl() returns and that the network classes
-// (qce::cNetAbstractSocket and its kin) drive from their work queue. Nothing
-// here waits: connect() only starts, accept(), send() and receive() report
-// "would block" instead of blocking; the caller waits for readiness on
-// handle() through an asynchronous I/O work (cFDAIOData).
-//
-//   qstd::tAutoPtr<qpi::cAbstractSocketImpl> s = qpi::cPlatform::createSocketImpl();
-//   sockaddr_in to = ...;
-//   if (!s->connect(&to, sizeof to)) { ...wait until handle() is writable...; s->connectError(); }
-//   int error = 0;
-//   long n = s->send("hello", 5, error);      // 0..5 bytes taken, or Failed with `error`
-//
-// Addresses are the platform's socket addresses as bytes (see
-// cNativeSockAddr); error codes are the system's (errno, WSAGetLastError()).
-// Failures of setting up a socket throw qstd::cOSErrorException; failures of
-// transfers are returned, so that the caller decides what they mean.
+/// \class qpi::cAbstractSocketImpl
+/// One operating-system stream socket, non-blocking: the interface that
+/// cPlatform::createSocketImpl() returns and that the network classes
+/// (qce::cNetAbstractSocket and its kin) drive from their work queue. Nothing
+/// here waits: connect() only starts, accept(), send() and receive() report
+/// "would block" instead of blocking; the caller waits for readiness on
+/// handle() through an asynchronous I/O work (cFDAIOData).
+///
+/// \code
+///   qstd::tAutoPtr<qpi::cAbstractSocketImpl> s = qpi::cPlatform::createSocketImpl();
+///   sockaddr_in to = ...;
+///   if (!s->connect(&to, sizeof to)) { ...wait until handle() is writable...; s->connectError(); }
+///   int error = 0;
+///   long n = s->send("hello", 5, error);      // 0..5 bytes taken, or Failed with `error`
+/// \endcode
+///
+/// Addresses are the platform's socket addresses as bytes (see
+/// cNativeSockAddr); error codes are the system's (errno, WSAGetLastError()).
+/// Failures of setting up a socket throw qstd::cOSErrorException; failures of
+/// transfers are returned, so that the caller decides what they mean.
 #ifndef QELCORE_PI_CABSTRACTSOCKETIMPL_H
 #define QELCORE_PI_CABSTRACTSOCKETIMPL_H
 

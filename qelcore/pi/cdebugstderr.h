@@ -1,4 +1,5 @@
-// The debug output that writes to the process's standard error stream.
+/// \class qpi::cDebugStdErr
+/// The debug output that writes to the process's standard error stream.
 #ifndef QELCORE_PI_CDEBUGSTDERR_H
 #define QELCORE_PI_CDEBUGSTDERR_H
 
@@ -8,12 +9,12 @@ namespace qpi {
 
 class QEL_EXPORT cDebugStdErr : public cAbstractOut {
 public:
-  // Applies "PIDBG_FILTER" when set and well-formed; otherwise only
-  // warnings and errors are written.
+  /// Applies "PIDBG_FILTER" when set and well-formed; otherwise only
+  /// warnings and errors are written.
   cDebugStdErr();
   ~cDebugStdErr() override;
 
-  // The filter used when "PIDBG_FILTER" is not set.
+  /// The filter used when "PIDBG_FILTER" is not set.
   static const char* defaultFilter();
 
 protected:

@@ -1,20 +1,23 @@
-// The process-wide system object: the main work queue, the default number
-// format and encoder, the file system, the core extensions, the locale, the
-// debug output and the application object, reached through qpi::system().
-//
-//   int main() {
-//     cMyApp app;
-//     qpi::system().setApp(&app);
-//     qpi::schedule(qrmi::cDirectLocalSlotCall0<cMyApp, qsa::piVoid>(app, &cMyApp::sltStart, nullptr), 0, "start");
-//     while (app.running()) qpi::system().exec();     // one pass per call
-//     qpi::cSystem::cleanup();
-//   }
-//
-// The first qpi::system() creates everything (on one thread, before others
-// start); cleanup() releases the objects registered with releaseAtCleanup()
-// in reverse order and destroys it all; a later system() starts afresh.
-// The main queue's processor is cPlatform::createProcessEvents(). The debug
-// output is the process-wide one (cAbstractOut::current()).
+/// \class qpi::cSystem
+/// The process-wide system object: the main work queue, the default number
+/// format and encoder, the file system, the core extensions, the locale, the
+/// debug output and the application object, reached through qpi::system().
+///
+/// \code
+///   int main() {
+///     cMyApp app;
+///     qpi::system().setApp(&app);
+///     qpi::schedule(qrmi::cDirectLocalSlotCall0<cMyApp, qsa::piVoid>(app, &cMyApp::sltStart, nullptr), 0, "start");
+///     while (app.running()) qpi::system().exec();     // one pass per call
+///     qpi::cSystem::cleanup();
+///   }
+/// \endcode
+///
+/// The first qpi::system() creates everything (on one thread, before others
+/// start); cleanup() releases the objects registered with releaseAtCleanup()
+/// in reverse order and destroys it all; a later system() starts afresh.
+/// The main queue's processor is cPlatform::createProcessEvents(). The debug
+/// output is the process-wide one (cAbstractOut::current()).
 #ifndef QELCORE_PI_CSYSTEM_H
 #define QELCORE_PI_CSYSTEM_H
 
@@ -43,13 +46,15 @@ class cWorkQueue;
 
 class QEL_EXPORT cSystem {
 public:
+  /// The defaults every part of the process starts from.
   struct cDefaults {
+    /// How numbers are written and read.
     const qstd::cNumberConversionFormat& numberFormat;
-    // UTF-8.
+    /// UTF-8.
     const qucs::cAbstractEnDec& encoder;
   };
 
-  // Anything that must go at cleanup; see releaseAtCleanup().
+  /// Anything that must go at cleanup; see releaseAtCleanup().
   class QEL_EXPORT cReleasable {
   public:
     virtual ~cReleasable();
@@ -58,38 +63,44 @@ public:
   cSystem(const cSystem&) = delete;
   cSystem& operator=(const cSystem&) = delete;
 
+  /// The defaults.
   const cDefaults& defaults() const { return mDefaults; }
-  // The system's file system: a qio::cProxyFs with the native file system
-  // mounted at "/" (qio::cProxyFs::system() mounts more).
+  /// The system's file system: a qio::cProxyFs with the native file system
+  /// mounted at "/" (qio::cProxyFs::system() mounts more).
   qio::cFs& fs() { return mFs; }
+  /// The locale that translates messages.
   qucs::cLILocale& locale() { return mLocale; }
+  /// The main work queue: the application's main loop.
   cWorkQueue& workQueue() { return mWorkQueue; }
+  /// The debug output (cAbstractOut::current()).
   cAbstractOut& out();
-  // The process's core extensions, starting with the library's own (see
-  // qce::cCoreExtensionMgr).
+  /// The process's core extensions, starting with the library's own (see
+  /// qce::cCoreExtensionMgr).
   qce::cCoreExtensionMgr& coreExtensions() { return mCoreExtensions; }
 
-  // The application object (not owned; null forgets it).
+  /// The application object (not owned; null forgets it).
   void setApp(cAbstractQELApp* app);
-  // cBugException "No application object set!" without one.
+  /// cBugException "No application object set!" without one.
   cAbstractQELApp& app() const;
+  /// Whether an application object is set.
   bool hasApp() const;
 
-  // One process() of the main work queue.
+  /// One process() of the main work queue.
   void exec();
 
-  // Deletes `object` at cleanup(); the last one registered goes first.
+  /// Deletes `object` at cleanup(); the last one registered goes first.
   void releaseAtCleanup(qstd::tAutoPtr<cReleasable> object);
+  /// Deletes `object` (any class) at cleanup(), in the same order.
   template <class T>
   void releaseAtCleanup(T* object) {
     releaseAtCleanup(qstd::tAutoPtr<cReleasable>(new tHolder<T>(object)));
   }
 
-  // Unloads the plug-ins of the core extension manager, releases the
-  // registered objects and destroys the system object; nothing happens when
-  // there is none.
+  /// Unloads the plug-ins of the core extension manager, releases the
+  /// registered objects and destroys the system object; nothing happens when
+  /// there is none.
   static void cleanup();
-  // Whether the system object exists now (system() would not create it).
+  /// Whether the system object exists now (system() would not create it).
   static bool exists();
 
 private:
@@ -117,7 +128,7 @@ private:
   cWorkQueue& mWorkQueue;
 };
 
-// The system object, created on first use.
+/// The system object, created on first use.
 QEL_EXPORT cSystem& system();
 
 }  // namespace qpi

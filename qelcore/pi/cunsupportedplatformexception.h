@@ -1,5 +1,6 @@
-// An operation that this platform cannot provide:
-// "Operation ("%operation%") not supported for this platform!".
+/// \class qpi::cUnsupportedPlatformException
+/// An operation that this platform cannot provide:
+/// "Operation ("%operation%") not supported for this platform!".
 #ifndef QELCORE_PI_CUNSUPPORTEDPLATFORMEXCEPTION_H
 #define QELCORE_PI_CUNSUPPORTEDPLATFORMEXCEPTION_H
 
@@ -11,9 +12,11 @@ namespace qpi {
 class QEL_EXPORT cUnsupportedPlatformException
     : public qstd::tException<cUnsupportedPlatformException, qstd::cBugException> {
 public:
+  /// "cUnsupportedPlatformException", the name in the exception registry.
   static const char* staticTypeName() { return "cUnsupportedPlatformException"; }
 
   cUnsupportedPlatformException() {}
+  /// "Operation ("%operation%") not supported for this platform!", raised at `file`:`line`.
   cUnsupportedPlatformException(const char* operation, const char* file, unsigned int line);
 };
 

@@ -1,5 +1,6 @@
-// The base of encoder extensions: text encoders and decoders created by type
-// name through cCoreExtensionMgr::createEnDec.
+/// \class qce::cAbstractEnDecExtension
+/// The base of encoder extensions: text encoders and decoders created by type
+/// name through cCoreExtensionMgr::createEnDec.
 #ifndef QELCORE_QCE_CABSTRACTENDECEXTENSION_H
 #define QELCORE_QCE_CABSTRACTENDECEXTENSION_H
 
@@ -17,7 +18,9 @@ class QEL_EXPORT cAbstractEnDecExtension : public cAbstractCoreExtension {
 public:
   ~cAbstractEnDecExtension() override;
 
+  /// eEnDec.
   ExtensionType extensionType() const override { return eEnDec; }
+  /// A new encoder/decoder of the type name, which supports() accepted.
   virtual qstd::tAutoPtr<qucs::cAbstractEnDec> createEnDec(const qstd::cAsciiString& typeName) const = 0;
 };
 

@@ -4,6 +4,7 @@
 
 #include "qelcore/io/cfs.h"
 #include "qelcore/io/cpath.h"
+#include "qelcore/pi/cabstractclassloader.h"
 #include "qelcore/pi/cabstractplatforminfo.h"
 #include "qelcore/pi/cplatform.h"
 #include "qelcore/pi/csystem.h"
@@ -18,6 +19,7 @@
 #include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/sa/cabstractserializer.h"
 #include "qelcore/sa/creferenceframe.h"
+#include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tvector.h"
 #include "qelcore/ucs/cabstractendec.h"
 #include "qelcore/ucs/cstring.h"
@@ -62,13 +64,22 @@ void cCoreExtensionMgr::add(qstd::tAutoPtr<cAbstractCoreExtension> extension) {
   mExtensions.append(new cExtensionPair(extension));
 }
 
-qcs::cAbstractModule& cCoreExtensionMgr::load(const qucs::cString& fileName, qsa::cReferenceFrame& frame) {
-  qstd::tAutoPtr<qcs::cPlugInGuard> guard(qcs::cPlugInGuard::open(fileName, frame));
-  if (!guard->plugIn().isCoreExtension()) qcs::cQCSExceptions::throwNoCoreExtension(fileName);
-  qstd::tAutoPtr<cExtensionPair> pair(new cExtensionPair(guard));
-  qcs::cAbstractModule& module = *pair->plugIn();
+qcs::cAbstractModule& cCoreExtensionMgr::add(qstd::tAutoPtr<qcs::cPlugInGuard> plugIn) {
+  QEL_ASSERT(plugIn.get() != nullptr, "qce/ccoreextensionmgr");
+  const qcs::cAbstractPlugIn& module = plugIn->plugIn();
+  if (!module.isCoreExtension()) {
+    const qpi::cAbstractClassLoader* loader = module.classLoader();
+    qcs::cQCSExceptions::throwNoCoreExtension(loader ? loader->libFileName()
+                                                     : qucs::cString(module.moduleInfo().name(), '?'));
+  }
+  qstd::tAutoPtr<cExtensionPair> pair(new cExtensionPair(plugIn));
+  qcs::cAbstractModule& listed = *pair->plugIn();
   mExtensions.append(pair);
-  return module;
+  return listed;
+}
+
+qcs::cAbstractModule& cCoreExtensionMgr::load(const qucs::cString& fileName, qsa::cReferenceFrame& frame) {
+  return add(qcs::cPlugInGuard::open(fileName, frame));
 }
 
 qcs::cAbstractModule& cCoreExtensionMgr::load(const qucs::cString& fileName) {

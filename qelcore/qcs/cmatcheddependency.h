@@ -1,9 +1,12 @@
-// The match of an interface dependency: the location of the matched
-// component and whether the match holds.
-//
-//   qcs::cMatchedDependency m;
-//   m.set(provider.location());   // valid
-//   m.invalidate();               // the location stays, location() now throws
+/// \class qcs::cMatchedDependency
+/// The match of an interface dependency: the location of the matched
+/// component and whether the match holds.
+///
+/// \code
+///   qcs::cMatchedDependency m;
+///   m.set(provider.location());   // valid
+///   m.invalidate();               // the location stays, location() now throws
+/// \endcode
 #ifndef QELCORE_QCS_CMATCHEDDEPENDENCY_H
 #define QELCORE_QCS_CMATCHEDDEPENDENCY_H
 
@@ -14,15 +17,16 @@ namespace qcs {
 
 class QEL_EXPORT cMatchedDependency {
 public:
-  // An empty location (no host, pid 0), not valid.
+  /// An empty location (no host, pid 0), not valid.
   cMatchedDependency();
 
-  // Copies the location and makes the match valid.
+  /// Copies the location and makes the match valid.
   void set(const cComponentLocation& location);
-  // Clears the valid flag only.
+  /// Clears the valid flag only.
   void invalidate() { mbValid = false; }
+  /// Whether the match holds.
   bool valid() const { return mbValid; }
-  // The matched location; "Unmatched interface!" when the match is not valid.
+  /// The matched location; "Unmatched interface!" when the match is not valid.
   const cComponentLocation& location() const;
 
 private:

@@ -1,8 +1,10 @@
 #include "qelcore/qcs/cmodulemgr.h"
 
 #include "qelcore/pi/cabstractclassloader.h"
+#include "qelcore/pi/cplatform.h"
 #include "qelcore/qcs/cqcsexceptions.h"
 #include "qelcore/qcs/detail/cmodulemgrimpl.h"
+#include "qelcore/sa/creferenceframe.h"
 #include "qelcore/std/cstdexceptions.h"
 
 namespace qcs {
@@ -41,6 +43,16 @@ cAbstractComponent& cModuleMgr::addComponent(qstd::tAutoPtr<cAbstractComponent> 
   if (!component.get()) cManagedComponent refused(component);
   cAbstractComponent& c = *component;
   return mpImpl->addComponent(c, component, deployedBy);
+}
+
+cAbstractComponent& cModuleMgr::loadComponent(const qucs::cString& file, const cComponentAddr& deployedBy) {
+  qstd::tAutoPtr<qpi::cAbstractClassLoader> loader = qpi::cPlatform::createClassLoader(file);
+  qsa::cReferenceFrame frame;
+  qstd::tAutoPtr<cAbstractComponent> component(loader->instance(frame, *this));
+  component->setClassLoader(loader.get(), file.ascii());
+  registerClassLoader(loader);
+  // A refused component dies here; its unused loader goes after the next pass.
+  return addComponent(component, deployedBy);
 }
 
 const cModuleMgr::tComponents& cModuleMgr::components() const { return mpImpl->mComponents; }

@@ -1,28 +1,37 @@
-// The entry points of a module file: plain C symbols that a class loader
-// looks up by name. A module exports moduleVersion and qelVersion, and
-// moduleInitComponent, moduleInitPlugIn or both. Declare them with the
-// macros below, once per module, in one source file:
-//
-//   #include "qelcore/qcs/cmodulesections.h"
-//
-//   class cAudio : public qcs::cAbstractComponent {
-//   public:
-//     cAudio(qcs::cModuleMgr& mgr, qsa::cReferenceFrame& frame) : cAbstractComponent(mgr, frame) {}
-//   };
-//
-//   QEL_MODULE_VERSION(2, 1)        // moduleVersion 2.1; qelVersion: this library's version
-//   QEL_MODULE_COMPONENT(cAudio)    // moduleInitComponent: new cAudio(mgr, frame)
-//   QEL_MODULE_PLUGIN(cAudioCodec)  // moduleInitPlugIn: new cAudioCodec(frame)
-//
-// A module that needs more than a constructor call writes the function
-// itself with the prototype below (QEL_MODULE_SECTION marks it exported with
-// C linkage) and stores its instance, or null, in *result:
-//
-//   QEL_MODULE_SECTION void moduleInitPlugIn(qcs::cAbstractPlugIn** result, qsa::cReferenceFrame& frame) {
-//     *result = settingsFound() ? new cAudioCodec(frame) : nullptr;
-//   }
-//
-// An exception thrown by a constructor reaches the caller of the loader.
+/// \struct qcs::cModuleSections
+/// The entry points of a module file: plain C symbols that a class loader
+/// looks up by name. A module exports moduleVersion and qelVersion, and
+/// moduleInitComponent, moduleInitPlugIn or both. Declare them with the
+/// macros below, once per module, in one source file:
+///
+/// \code
+///   #include "qelcore/qcs/cmodulesections.h"
+/// \endcode
+///
+/// \code
+///   class cAudio : public qcs::cAbstractComponent {
+///   public:
+///     cAudio(qcs::cModuleMgr& mgr, qsa::cReferenceFrame& frame) : cAbstractComponent(mgr, frame) {}
+///   };
+/// \endcode
+///
+/// \code
+///   QEL_MODULE_VERSION(2, 1)        // moduleVersion 2.1; qelVersion: this library's version
+///   QEL_MODULE_COMPONENT(cAudio)    // moduleInitComponent: new cAudio(mgr, frame)
+///   QEL_MODULE_PLUGIN(cAudioCodec)  // moduleInitPlugIn: new cAudioCodec(frame)
+/// \endcode
+///
+/// A module that needs more than a constructor call writes the function
+/// itself with the prototype below (QEL_MODULE_SECTION marks it exported with
+/// C linkage) and stores its instance, or null, in *result:
+///
+/// \code
+///   QEL_MODULE_SECTION void moduleInitPlugIn(qcs::cAbstractPlugIn** result, qsa::cReferenceFrame& frame) {
+///     *result = settingsFound() ? new cAudioCodec(frame) : nullptr;
+///   }
+/// \endcode
+///
+/// An exception thrown by a constructor reaches the caller of the loader.
 #ifndef QELCORE_QCS_CMODULESECTIONS_H
 #define QELCORE_QCS_CMODULESECTIONS_H
 
@@ -52,16 +61,21 @@ typedef void (*tQelModuleVersion)(unsigned int& major, unsigned int& minor);
 
 namespace qcs {
 
-// The sections' types and the names they are exported under.
+/// The sections' types and the names they are exported under.
 struct cModuleSections {
+  /// moduleInitComponent(result, mgr, frame): stores a new component, or null, in *result.
   typedef tQelModuleInitComponent tInitComponent;
+  /// moduleInitPlugIn(result, frame): stores a new plug-in, or null, in *result.
   typedef tQelModuleInitPlugIn tInitPlugIn;
+  /// moduleVersion and qelVersion: write major and minor.
   typedef tQelModuleVersion tVersion;
 
-  static constexpr const char* initComponent = "moduleInitComponent";
+  ///@{
+  static constexpr const char* initComponent = "moduleInitComponent";  ///< the exported names
   static constexpr const char* initPlugIn = "moduleInitPlugIn";
   static constexpr const char* moduleVersion = "moduleVersion";
   static constexpr const char* qelVersion = "qelVersion";
+  ///@}
 };
 
 }  // namespace qcs

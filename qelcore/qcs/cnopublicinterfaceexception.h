@@ -1,5 +1,6 @@
-// An object was asked for as a component's interface, but no component of the
-// manager lists it.
+/// \class qcs::cNoPublicInterfaceException
+/// An object was asked for as a component's interface, but no component of the
+/// manager lists it.
 #ifndef QELCORE_QCS_CNOPUBLICINTERFACEEXCEPTION_H
 #define QELCORE_QCS_CNOPUBLICINTERFACEEXCEPTION_H
 
@@ -12,10 +13,11 @@ namespace qcs {
 class QEL_EXPORT cNoPublicInterfaceException
     : public qstd::tException<cNoPublicInterfaceException, qstd::cRuntimeException> {
 public:
+  /// "cNoPublicInterfaceException", the name in the exception registry.
   static const char* staticTypeName() { return "cNoPublicInterfaceException"; }
 
   cNoPublicInterfaceException() {}
-  // "No public interface!".
+  /// "No public interface!".
   cNoPublicInterfaceException(const char* file, unsigned int line);
 };
 

@@ -1,4 +1,5 @@
-// Rebuilds the exceptions of the component system from their type names.
+/// \class qcs::cQCSExceptionFactory
+/// Rebuilds the exceptions of the component system from their type names.
 #ifndef QELCORE_QCS_CQCSEXCEPTIONFACTORY_H
 #define QELCORE_QCS_CQCSEXCEPTIONFACTORY_H
 
@@ -9,8 +10,8 @@ namespace qcs {
 
 class QEL_EXPORT cQCSExceptionFactory : public qstd::cAbstractExceptionFactory {
 public:
-  // cNoSuchModuleException, cNoPublicInterfaceException,
-  // cUnmatchedInterfaceException, cModuleLoadException, cRMIException.
+  /// cNoSuchModuleException, cNoPublicInterfaceException,
+  /// cUnmatchedInterfaceException, cModuleLoadException, cRMIException.
   qstd::cAbstractException* createException(const qstd::cAsciiString& typeName) const override;
 };
 

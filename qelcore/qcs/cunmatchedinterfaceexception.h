@@ -1,4 +1,5 @@
-// A dependency was asked for its match while it has no valid one.
+/// \class qcs::cUnmatchedInterfaceException
+/// A dependency was asked for its match while it has no valid one.
 #ifndef QELCORE_QCS_CUNMATCHEDINTERFACEEXCEPTION_H
 #define QELCORE_QCS_CUNMATCHEDINTERFACEEXCEPTION_H
 
@@ -11,10 +12,11 @@ namespace qcs {
 class QEL_EXPORT cUnmatchedInterfaceException
     : public qstd::tException<cUnmatchedInterfaceException, qstd::cRuntimeException> {
 public:
+  /// "cUnmatchedInterfaceException", the name in the exception registry.
   static const char* staticTypeName() { return "cUnmatchedInterfaceException"; }
 
   cUnmatchedInterfaceException() {}
-  // "Unmatched interface!".
+  /// "Unmatched interface!".
   cUnmatchedInterfaceException(const char* file, unsigned int line);
 };
 

@@ -1,4 +1,5 @@
-// The process data that a default-constructed process keeps for itself.
+/// \class qp::cBasicProcessData
+/// The process data that a default-constructed process keeps for itself.
 #ifndef QELCORE_QP_CBASICPROCESSDATA_H
 #define QELCORE_QP_CBASICPROCESSDATA_H
 
@@ -9,6 +10,7 @@ namespace qp {
 
 class QEL_EXPORT cBasicProcessData : public cAbstractProcessData {
 public:
+  /// See cAbstractProcessData.
   explicit cBasicProcessData(cLocker* locker = nullptr) : cAbstractProcessData(locker) {}
   ~cBasicProcessData() override;
 };

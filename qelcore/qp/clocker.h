@@ -1,24 +1,27 @@
-// A lock shared between threads, taken through scoped guards.
-//
-//   qp::cLocker mutex;
-//   {
-//     qp::cLocker::cLock guard(mutex.lock());   // held until the end of the block
-//     ...
-//     {
-//       qp::cLocker::cUnlock open(mutex.unlock());   // released in here...
-//       waitForSomething();
-//     }                                              // ...and taken again
-//   }
-//   qp::cLocker::cLock attempt(mutex.tryLock());
-//   if (attempt.isLocked()) ...
-//
-// lock(), tryLock() and unlock() only build the request; the guard built from
-// it does the locking. The mutex is recursive. tryLock() really tries on
-// POSIX systems; on Windows it is not supported and the guard throws.
-//
-// The two cUnlock constructors differ on purpose: cUnlock(mutex.unlock())
-// releases the mutex, cUnlock(&mutex) does not; both take it once more when
-// they go. Likewise cLock(&mutex) locks, and cLock(nullptr) locks nothing.
+/// \class qp::cLocker
+/// A lock shared between threads, taken through scoped guards.
+///
+/// \code
+///   qp::cLocker mutex;
+///   {
+///     qp::cLocker::cLock guard(mutex.lock());   // held until the end of the block
+///     ...
+///     {
+///       qp::cLocker::cUnlock open(mutex.unlock());   // released in here...
+///       waitForSomething();
+///     }                                              // ...and taken again
+///   }
+///   qp::cLocker::cLock attempt(mutex.tryLock());
+///   if (attempt.isLocked()) ...
+/// \endcode
+///
+/// lock(), tryLock() and unlock() only build the request; the guard built from
+/// it does the locking. The mutex is recursive. tryLock() really tries on
+/// POSIX systems; on Windows it is not supported and the guard throws.
+///
+/// The two cUnlock constructors differ on purpose: cUnlock(mutex.unlock())
+/// releases the mutex, cUnlock(&mutex) does not; both take it once more when
+/// they go. Likewise cLock(&mutex) locks, and cLock(nullptr) locks nothing.
 #ifndef QELCORE_QP_CLOCKER_H
 #define QELCORE_QP_CLOCKER_H
 
@@ -30,25 +33,27 @@ namespace qp {
 
 class QEL_EXPORT cLocker {
 public:
-  // A request to lock (or to try to).
+  /// A request to lock (or to try to).
   struct cLockRef {
-    cLocker* mpLocker;
-    bool mbTry;
+    cLocker* mpLocker;  ///< the locker to take
+    bool mbTry;         ///< only try: the guard may end up not holding it
   };
-  // A request to unlock.
+  /// A request to unlock.
   struct cUnlockRef {
-    cLocker* mpLocker;
+    cLocker* mpLocker;  ///< the locker to release
   };
 
-  // Holds the locker from construction to destruction.
+  /// Holds the locker from construction to destruction.
   class cLock {
   public:
+    /// Takes (or tries to take) the locker of the request.
     explicit cLock(const cLockRef& r) : mpLocker(r.mpLocker), mbLocked(true) {
       if (r.mbTry)
         mbLocked = mpLocker->doTryLock();
       else
         mpLocker->doLock();
     }
+    /// Takes `locker`; null takes nothing.
     explicit cLock(cLocker* locker) : mpLocker(locker), mbLocked(true) {
       if (mpLocker) mpLocker->doLock();
     }
@@ -57,6 +62,7 @@ public:
     ~cLock() {
       if (mpLocker && mbLocked) mpLocker->doUnlock();
     }
+    /// False only when a try did not get the locker.
     bool isLocked() const { return mbLocked; }
 
   private:
@@ -64,11 +70,13 @@ public:
     bool mbLocked;
   };
 
-  // Releases a held locker for its lifetime (reference form only) and takes
-  // it again at the end (both forms).
+  /// Releases a held locker for its lifetime (reference form only) and takes
+  /// it again at the end (both forms).
   class cUnlock {
   public:
+    /// Releases the locker of the request now.
     explicit cUnlock(const cUnlockRef& r) : mpLocker(r.mpLocker) { mpLocker->doUnlock(); }
+    /// Releases nothing; takes `locker` (unless null) once more at the end.
     explicit cUnlock(cLocker* locker) : mpLocker(locker) {
       if (mpLocker) mpLocker->unlock();
     }
@@ -82,17 +90,24 @@ public:
     cLocker* mpLocker;
   };
 
+  /// A new recursive mutex of the platform.
   cLocker();
   cLocker(const cLocker&) = delete;
   cLocker& operator=(const cLocker&) = delete;
   ~cLocker();
 
+  /// A request for cLock to take the locker.
   cLockRef lock() { return cLockRef{this, false}; }
+  /// A request for cLock to try to take it (see cLock::isLocked()).
   cLockRef tryLock() { return cLockRef{this, true}; }
+  /// A request for cUnlock to release it for a while.
   cUnlockRef unlock() { return cUnlockRef{this}; }
 
+  /// Takes the mutex now; the guards call it. Prefer a guard.
   void doLock() { mpMutex->lock(); }
+  /// Tries to take it; whether it was taken.
   bool doTryLock() { return mpMutex->tryLock(); }
+  /// Releases it once.
   void doUnlock() { mpMutex->unlock(); }
 
 private:

@@ -1,4 +1,5 @@
-// The arguments or the result of an indirect slot call did not fit the slot.
+/// \class qrmi::cCallParameterMissmatchException
+/// The arguments or the result of an indirect slot call did not fit the slot.
 #ifndef QELCORE_RMI_CCALLPARAMETERMISSMATCHEXCEPTION_H
 #define QELCORE_RMI_CCALLPARAMETERMISSMATCHEXCEPTION_H
 
@@ -11,12 +12,15 @@ namespace qrmi {
 class QEL_EXPORT cCallParameterMissmatchException
     : public qstd::tException<cCallParameterMissmatchException, qstd::cBugException> {
 public:
+  /// "cCallParameterMissmatchException", the name in the exception registry.
   static const char* staticTypeName() { return "cCallParameterMissmatchException"; }
 
   cCallParameterMissmatchException() {}
+  /// `msg` about the call of `slotName`, raised at `file`:`line`.
   cCallParameterMissmatchException(const qucs::cLIMessage& msg, const qstd::cAsciiString& slotName, const char* file,
                                    unsigned int line);
 
+  /// The slot whose parameters did not fit.
   const qstd::cAsciiString& slotName() const { return msSlot; }
 
 private:

@@ -1,10 +1,11 @@
-// Base of every object that receives slot calls or publishes slots and
-// signals by name.
-//
-// A connectable keeps one entry per slot call that a signal holds for it, so
-// that its destruction can remove those slot calls from their signals. Its
-// public slots and signals are described by name and type strings and can be
-// called or connected without knowing their C++ signatures.
+/// \class qrmi::cConnectable
+/// Base of every object that receives slot calls or publishes slots and
+/// signals by name.
+///
+/// A connectable keeps one entry per slot call that a signal holds for it, so
+/// that its destruction can remove those slot calls from their signals. Its
+/// public slots and signals are described by name and type strings and can be
+/// called or connected without knowing their C++ signatures.
 #ifndef QELCORE_RMI_CCONNECTABLE_H
 #define QELCORE_RMI_CCONNECTABLE_H
 
@@ -33,62 +34,73 @@ class localSignalN;
 
 class QEL_EXPORT cConnectable {
 public:
+  /// The signals attached to this object.
   typedef qstd::tSimpleVector<cAbstractSignal*> tSignalList;
+  /// The public slots, in registration order.
   typedef qstd::tSimpleVector<cPublicSlot*> tPublicSlotList;
+  /// The public signals, in registration order.
   typedef qstd::tSimpleVector<cPublicSignal*> tPublicSignalList;
 
   cConnectable();
   cConnectable(const cConnectable&) = delete;
   cConnectable& operator=(const cConnectable&) = delete;
-  // Detaches from every signal, then deletes the public slots and signals.
+  /// Detaches from every signal, then deletes the public slots and signals.
   virtual ~cConnectable();
 
-  // Called by a slot call created for `signal`; duplicates are kept.
+  /// Called by a slot call created for `signal`; duplicates are kept.
   void notifySignalAttached(cAbstractSignal& signal);
-  // Removes every entry of `signal` at once (ignored while detaching).
+  /// Removes every entry of `signal` at once (ignored while detaching).
   void notifySignalDetached(cAbstractSignal& signal);
-  // Asks every attached signal to drop this object's slot calls, then
-  // forgets them: an entry kept would point at a signal that may die first.
+  /// Asks every attached signal to drop this object's slot calls, then
+  /// forgets them: an entry kept would point at a signal that may die first.
   void detachAllSignals();
-  // detachAllSignals, then deletes the public slots and signals.
+  /// detachAllSignals, then deletes the public slots and signals.
   void clear();
-  // Whether `slot` calls this object.
+  /// Whether `slot` calls this object.
   bool operator==(const cAbstractSlotCall* slot) const;
 
-  // One entry per slot call created for a signal, in attachment order.
+  /// One entry per slot call created for a signal, in attachment order.
   const tSignalList& attachedSignals() const;
 
+  /// A number for the object's owner (an interface's index, say); 0 by default.
   void setIndex(unsigned int index) { miIndex = index; }
+  /// See setIndex().
   unsigned int index() const { return miIndex; }
 
-  // Public slots. Names are compared exactly; the first match wins.
+  ///@{
+  /// Public slots. Names are compared exactly; the first match wins.
   const cAbstractSlotCall* tryFindSlot(const qstd::cAsciiString& name) const;
   const cPublicSlot& findPublicSlot(const qstd::cAsciiString& name) const;
   const cPublicSlot* tryFindPublicSlot(const cAbstractSlotCall& slot) const;
-  // "unknown" for a slot call that is not published here.
+  ///@}
+  /// "unknown" for a slot call that is not published here.
   qstd::cAsciiString publicSlotName(const cAbstractSlotCall& slot) const;
-  // Null when no slot was ever published.
+  /// Null when no slot was ever published.
   const tPublicSlotList* hasPublicSlots() const { return mpSlots; }
 
-  // Public signals.
+  ///@{
+  /// Public signals.
   cPublicSignal& findSignal(const qstd::cAsciiString& name);
   const cPublicSignal& findPublicSignal(const qstd::cAsciiString& name) const;
-  // Null when no signal was ever published.
+  ///@}
+  /// Null when no signal was ever published.
   const tPublicSignalList* hasPublicSignals() const { return mpSignals; }
 
-  // Calls a public slot with the arguments of `frame`, whose first entry
-  // takes the result.
+  /// Calls a public slot with the arguments of `frame`, whose first entry
+  /// takes the result.
   void invokeIndirectSlot(const qstd::cAsciiString& name, qsa::cReferenceFrame& frame) const;
-  // Calls a public slot with the arguments read from `in`; the result goes
-  // to `out`.
+  /// Calls a public slot with the arguments read from `in`; the result goes
+  /// to `out`.
   void invokeIndirectRemoteSlot(const qstd::cAsciiString& name, qsa::cAbstractDeserializer& in,
                                 qsa::cAbstractSerializer& out) const;
 
-  // Read a serialized slot or signal description of a peer and publish a
-  // local stand-in for it that `factory` creates.
+  ///@{
+  /// Read a serialized slot or signal description of a peer and publish a
+  /// local stand-in for it that `factory` creates.
   cPublicSlot& registerRemoteSlot(qsa::cAbstractDeserializer& in, cAbstractRMIFactory& factory);
   cPublicSignal& registerRemoteSignal(qsa::cAbstractDeserializer& in, cAbstractRMIFactory& factory);
-  // Publishes an already created slot call under `name` (without type strings).
+  ///@}
+  /// Publishes an already created slot call under `name` (without type strings).
   cPublicSlot& registerRemoteSlot(const qstd::cAsciiString& name, qstd::tAutoPtr<cAbstractSlotCall> slot);
 
 private:
@@ -109,13 +121,13 @@ private:
   const cPublicSlot* tryFindPublicSlot(const qstd::cAsciiString& name) const;
   cPublicSignal* tryFindPublicSignal(const qstd::cAsciiString& name) const;
   void deletePublicRecords();
-  // A published signal dies: its description leaves its owner's interface.
+  /// A published signal dies: its description leaves its owner's interface.
   static void signalDestroyed(cPublicSignal& record);
   class cSignalIndex;
   void compactAttached() const;
 
-  // With many entries, detached ones are only nulled here and the index
-  // finds a signal's entries; compactAttached() closes the gaps.
+  /// With many entries, detached ones are only nulled here and the index
+  /// finds a signal's entries; compactAttached() closes the gaps.
   mutable tSignalList mAttachedSignals;
   mutable cSignalIndex* mpIndex;
   mutable unsigned int miDetached;

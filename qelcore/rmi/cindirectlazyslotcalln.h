@@ -1,12 +1,15 @@
-// A slot call that stands for a public slot known only by its name: every
-// call writes the arguments to a binary archive and hands it to the
-// receiver's invokeIndirectRemoteSlot, which finds the slot at that moment
-// (so the slot may be published, replaced or removed in the meantime), and
-// reads the result and the alterable arguments back. A cross-process
-// transport uses the same archives.
-//
-//   door.sigOpened.connect(qstd::tAutoPtr<qrmi::cAbstractSlotCall1<piVoid, int>>(
-//       new qrmi::cIndirectLazySlotCall1<piVoid, int>(bell, "ring", &door.sigOpened)));
+/// \class qrmi::cIndirectLazySlotCallN
+/// A slot call that stands for a public slot known only by its name: every
+/// call writes the arguments to a binary archive and hands it to the
+/// receiver's invokeIndirectRemoteSlot, which finds the slot at that moment
+/// (so the slot may be published, replaced or removed in the meantime), and
+/// reads the result and the alterable arguments back. A cross-process
+/// transport uses the same archives.
+///
+/// \code
+///   door.sigOpened.connect(qstd::tAutoPtr<qrmi::cAbstractSlotCall1<piVoid, int>>(
+///       new qrmi::cIndirectLazySlotCall1<piVoid, int>(bell, "ring", &door.sigOpened)));
+/// \endcode
 #ifndef QELCORE_RMI_CINDIRECTLAZYSLOTCALLN_H
 #define QELCORE_RMI_CINDIRECTLAZYSLOTCALLN_H
 
@@ -29,6 +32,7 @@ class cIndirectLazySlotCallN : public cAbstractSlotCallN<R, A...> {
   static_assert(std::conjunction<tIsArchivable<A>...>::value, "the parameters of an indirect slot must be archivable");
 
 public:
+  /// Calls the public slot `slotName` of `object`, looked up at each call.
   cIndirectLazySlotCallN(cConnectable& object, const qstd::cAsciiString& slotName, cAbstractSignal* signal = nullptr)
       : cAbstractSlotCallN<R, A...>(object, signal), msSlotName(slotName) {}
 
@@ -57,6 +61,7 @@ public:
     this->assignedObject().invokeIndirectSlot(msSlotName, frame);
   }
 
+  /// The public slot's name.
   const qstd::cAsciiString& slotName() const { return msSlotName; }
 
 private:

@@ -1,10 +1,11 @@
-// The slot call behind a public slot: calls a member function of a
-// connectable directly, or with arguments resolved from a reference frame or
-// read from an archive. Arguments that do not fit the slot raise
-// cCallParameterMissmatchException with the cause linked.
-//
-// Created by registerPublicSlot (localSignalN<R, A...>::registerSlot, defined
-// here); it can also be connected to a local signal like any other slot call.
+/// \class qrmi::cIndirectResolvingSlotCallN
+/// The slot call behind a public slot: calls a member function of a
+/// connectable directly, or with arguments resolved from a reference frame or
+/// read from an archive. Arguments that do not fit the slot raise
+/// cCallParameterMissmatchException with the cause linked.
+///
+/// Created by registerPublicSlot (localSignalN<R, A...>::registerSlot, defined
+/// here); it can also be connected to a local signal like any other slot call.
 #ifndef QELCORE_RMI_CINDIRECTRESOLVINGSLOTCALLN_H
 #define QELCORE_RMI_CINDIRECTRESOLVINGSLOTCALLN_H
 
@@ -33,28 +34,32 @@ class cIndirectResolvingSlotCallN : public cAbstractSlotCallN<R, A...> {
   static_assert(std::conjunction<tIsArchivable<A>...>::value, "the parameters of a public slot must be archivable");
 
 public:
+  /// The member function called.
   typedef R (T::*tMethod)(A...);
 
+  /// Calls `method` on `target`, directly or with archived arguments.
   cIndirectResolvingSlotCallN(T& target, tMethod method, cAbstractSignal* signal = nullptr)
       : cAbstractSlotCallN<R, A...>(target, signal), mpTarget(&target), mpMethod(method) {}
 
   void invoke(R& result, A... args) const override { result = (mpTarget->*mpMethod)(args...); }
 
-  // Reads the arguments in order from `in` (nothing may follow them), calls
-  // the slot, then writes the result and every alterable argument to `out`.
+  /// Reads the arguments in order from `in` (nothing may follow them), calls
+  /// the slot, then writes the result and every alterable argument to `out`.
   void call(qsa::cAbstractDeserializer& in, qsa::cAbstractSerializer& out) const override {
     callFromArchive(in, out, std::index_sequence_for<A...>());
   }
-  // The frame holds the result first, then the arguments; the slot works on
-  // the frame's values, so the result and alterable arguments end up there.
+  /// The frame holds the result first, then the arguments; the slot works on
+  /// the frame's values, so the result and alterable arguments end up there.
   void call(qsa::cReferenceFrame& frame) const override { callFromFrame(frame, std::index_sequence_for<A...>()); }
 
+  /// The object called.
   T* target() const { return mpTarget; }
+  /// The member function called.
   tMethod method() const { return mpMethod; }
 
 private:
   typedef std::tuple<tValueType<A>...> tValues;
-  // Constant unless the parameter is alterable.
+  /// Constant unless the parameter is alterable.
   template <class P>
   using tFramePtr = std::conditional_t<tIsAlterable<P>::value, tValueType<P>*, const tValueType<P>*>;
 
@@ -119,6 +124,9 @@ using cIndirectResolvingSlotCall3 = cIndirectResolvingSlotCallN<T, R, A1, A2, A3
 template <class T, class R, class A1, class A2, class A3, class A4>
 using cIndirectResolvingSlotCall4 = cIndirectResolvingSlotCallN<T, R, A1, A2, A3, A4>;
 
+/// \cond
+/// The definition of localSignalN::registerSlot, which needs the class above;
+/// it is documented where it is declared.
 template <class R, class... A>
 template <class T>
 cPublicSlot& localSignalN<R, A...>::registerSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
@@ -131,8 +139,9 @@ cPublicSlot& localSignalN<R, A...>::registerSlot(T& object, R (T::*method)(A...)
   describeValue<R>(slot.returnValue());
   return slot;
 }
+/// \endcond
 
-// Publishes a member function as a public slot: see localSignalN::registerSlot.
+/// Publishes a member function as a public slot: see localSignalN::registerSlot.
 template <class T, class R, class... A>
 cPublicSlot& registerPublicSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
                                 const qstd::cAsciiString& description = qstd::cAsciiString()) {

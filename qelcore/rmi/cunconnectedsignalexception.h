@@ -1,4 +1,5 @@
-// An emission found no slot while its signal must be connected.
+/// \class qrmi::cUnconnectedSignalException
+/// An emission found no slot while its signal must be connected.
 #ifndef QELCORE_RMI_CUNCONNECTEDSIGNALEXCEPTION_H
 #define QELCORE_RMI_CUNCONNECTEDSIGNALEXCEPTION_H
 
@@ -10,9 +11,11 @@ namespace qrmi {
 class QEL_EXPORT cUnconnectedSignalException
     : public qstd::tException<cUnconnectedSignalException, qstd::cRuntimeException> {
 public:
+  /// "cUnconnectedSignalException", the name in the exception registry.
   static const char* staticTypeName() { return "cUnconnectedSignalException"; }
 
   cUnconnectedSignalException() {}
+  /// `msg`, raised at `file`:`line`.
   cUnconnectedSignalException(const qucs::cLIMessage& msg, const char* file, unsigned int line);
 };
 

@@ -1,6 +1,7 @@
-// The typed signal and slot call templates in one include: local signals of
-// any arity (localSignal0 ... localSignal5, localSignalN), the direct slot
-// calls they create, and the slot calls that work through archives.
+/// \file
+/// The typed signal and slot call templates in one include: local signals of
+/// any arity (localSignal0 ... localSignal5, localSignalN), the direct slot
+/// calls they create, and the slot calls that work through archives.
 #ifndef QELCORE_RMI_SIGNAL0_H
 #define QELCORE_RMI_SIGNAL0_H
 

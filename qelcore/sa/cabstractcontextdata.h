@@ -1,4 +1,5 @@
-// The state of one open context inside a concrete archive.
+/// \class qsa::cAbstractContextData
+/// The state of one open context inside a concrete archive.
 #ifndef QELCORE_SA_CABSTRACTCONTEXTDATA_H
 #define QELCORE_SA_CABSTRACTCONTEXTDATA_H
 
@@ -9,13 +10,13 @@ namespace qsa {
 class QEL_EXPORT cAbstractContextData {
 public:
   cAbstractContextData() {}
-  // Leaves the context: the enclosing one becomes current again, and the
-  // position follows from whether the context was finished.
+  /// Leaves the context: the enclosing one becomes current again, and the
+  /// position follows from whether the context was finished.
   virtual ~cAbstractContextData();
-  // Closes the context for good (a writer completes its header, a reader
-  // notes that the context was read).
+  /// Closes the context for good (a writer completes its header, a reader
+  /// notes that the context was read).
   virtual void finish() = 0;
-  // Back to the first element of the context.
+  /// Back to the first element of the context.
   virtual void rewind() = 0;
 
 private:

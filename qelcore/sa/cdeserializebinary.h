@@ -1,11 +1,12 @@
-// The binary archive reader.
-//
-// Reads without copying: it moves a position over a constant view of the
-// bytes, which must stay unchanged while they are read. Loads match type ids
-// exactly (no conversions) and skip labels in front of a value. Every
-// operation is transactional: one that fails consumes nothing. Length fields
-// are checked against what remains of the context before anything is
-// allocated, so malformed input ends in the end-of-context error.
+/// \class qsa::cDeserializeBinary
+/// The binary archive reader.
+///
+/// Reads without copying: it moves a position over a constant view of the
+/// bytes, which must stay unchanged while they are read. Loads match type ids
+/// exactly (no conversions) and skip labels in front of a value. Every
+/// operation is transactional: one that fails consumes nothing. Length fields
+/// are checked against what remains of the context before anything is
+/// allocated, so malformed input ends in the end-of-context error.
 #ifndef QELCORE_SA_CDESERIALIZEBINARY_H
 #define QELCORE_SA_CDESERIALIZEBINARY_H
 
@@ -23,23 +24,25 @@ class cSBinaryLoadContextData;
 class QEL_EXPORT cDeserializeBinary : public cAbstractDeserializer, public cSerializeBinaryShared {
 public:
   cDeserializeBinary();
-  // Reads the viewed bytes (not copied).
+  /// Reads the viewed bytes (not copied).
   explicit cDeserializeBinary(const qstd::tConstArrayRef<char>& data);
-  // Reads the array (not copied; it must outlive the reader). A temporary
-  // array would be gone before it is read: refused at compile time.
+  /// Reads the array (not copied; it must outlive the reader). A temporary
+  /// array would be gone before it is read: refused at compile time.
   explicit cDeserializeBinary(const qstd::tArray<char>& data);
   explicit cDeserializeBinary(const qstd::tArray<char>&& data) = delete;
-  // Takes the array's content over (the array is left empty).
+  /// Takes the array's content over (the array is left empty).
   cDeserializeBinary(qstd::tArray<char>& data, bool bTakeOver);
-  // Reads the same bytes from the same position; open contexts stay behind.
+  /// Reads the same bytes from the same position; open contexts stay behind.
   cDeserializeBinary(cDeserializeBinary& other);
   ~cDeserializeBinary() override;
 
-  // Starts over on other bytes (not copied); open contexts are abandoned.
+  ///@{
+  /// Starts over on other bytes (not copied); open contexts are abandoned.
   void setData(const qstd::tConstArrayRef<char>& data);
   void setData(const qstd::tArray<char>& data);
   void setData(const qstd::tArray<char>&& data) = delete;
-  // Starts over on a copy of the bytes.
+  ///@}
+  /// Starts over on a copy of the bytes.
   void setData(const char* pData, unsigned int iSize);
 
   void loadBlock(qstd::tArray<char>& block) override;
@@ -58,7 +61,8 @@ public:
     }
     loadAsciiString(value);
   }
-  // The fixed-width values are read inline when no label stands in front.
+  ///@{
+  /// The fixed-width values are read inline when no label stands in front.
   void load(double& value) final { value = bitsDouble(get64(fixed(idDouble, 8))); }
   void load(bool& value) final { value = fixed4(idBool) != 0; }
   void load(long long& value) final { value = static_cast<long long>(get64(fixed(idInt64, 8))); }
@@ -69,52 +73,60 @@ public:
   void load(unsigned short& value) final { value = get16(fixed(idUInt16, 2)); }
   void load(unsigned char& value) final { value = static_cast<unsigned char>(*fixed(idUChar, 1)); }
   void load(char& value) final { value = *fixed(idChar, 1); }
+  ///@}
 
-  // Loads `count` consecutive elements of the values' type, as loading them
-  // one at a time would. When it fails nothing is consumed, though `values`
-  // may have been written in part.
+  ///@{
+  /// Loads `count` consecutive elements of the values' type, as loading them
+  /// one at a time would. When it fails nothing is consumed, though `values`
+  /// may have been written in part.
   void loadValues(int* values, unsigned int count) { getValues(idInt32, values, count); }
   void loadValues(unsigned int* values, unsigned int count) { getValues(idUInt32, values, count); }
   void loadValues(long long* values, unsigned int count) { getValues(idInt64, values, count); }
   void loadValues(unsigned long long* values, unsigned int count) { getValues(idUInt64, values, count); }
   void loadValues(double* values, unsigned int count) { getValues(idDouble, values, count); }
+  ///@}
 
-  // Reads the next ASCII string element without copying it: `chars` points
-  // at its bytes inside the data being read (valid while that data is, and
-  // not terminated), `length` is their number. For callers that keep text in
-  // a string type of their own (see stdstrings.h).
+  /// Reads the next ASCII string element without copying it: `chars` points
+  /// at its bytes inside the data being read (valid while that data is, and
+  /// not terminated), `length` is their number. For callers that keep text in
+  /// a string type of their own (see stdstrings.h).
   void loadAsciiChars(const char*& chars, unsigned int& length);
 
-  // Where the bytes of the next block start and how many there are; moves nothing.
+  /// Where the bytes of the next block start and how many there are; moves nothing.
   void getNextBlockInfo(unsigned int& position, unsigned long long& size);
 
   void rewind() override;
   bool eoc() const override;
-  // The end of the open context, or of the data, is reached (labels count).
+  ///@{
+  /// The end of the open context, or of the data, is reached (labels count).
   bool eocMayBeLabels() const { return miPos >= miLimit; }
   bool eocMayBeLabels(unsigned int position) const { return position >= miLimit; }
+  ///@}
   void reserialize(cAbstractSerializer& out) override;
   bool isContext() override;
   bool isLabel() override;
   cContextRef getContext(const char* pName) override;
   qstd::cAsciiString getNextContextTypeName() override;
-  // Reads the next label and returns its name.
+  /// Reads the next label and returns its name.
   qstd::cAsciiString getNextLabelName() override;
   void releaseCurrentContext() override;
   cAbstractDeserializer& findLabel(const qstd::cAsciiString& name) override;
   bool tryFindLabel(const qstd::cAsciiString& name) override;
 
-  // The id of the next element, labels included; moves nothing. Throws the
-  // end-of-context error at the end of the context.
+  /// The id of the next element, labels included; moves nothing. Throws the
+  /// end-of-context error at the end of the context.
   unsigned int nextTypeId() const;
+  /// The read position in the data.
   unsigned int currentPos() const { return miPos; }
-  // End of the readable range: the open context's end or the data's.
+  /// End of the readable range: the open context's end or the data's.
   unsigned int limitPos() const { return miLimit; }
-  // The bytes being read.
+  /// The bytes being read.
   const char* rawData() const { return mpBytes; }
+  /// How many bytes are being read.
   unsigned int rawSize() const { return miSize; }
+  /// How many contexts are entered.
   unsigned int contextDepth() const;
-  // The last label read, empty until one was read.
+  /// The last label read, empty until one was read.
   const qstd::cAsciiString& lastLabel() const { return mLastLabel; }
 
 private:
@@ -139,7 +151,7 @@ private:
     }
     return loadFixed(id, n);
   }
-  // A 4-byte value: id and payload read as one 8-byte move.
+  /// A 4-byte value: id and payload read as one 8-byte move.
   unsigned int fixed4(unsigned int id) {
     if (miLimit - miPos >= 8) {
       const unsigned long long both = get64(mpBytes + miPos);
@@ -209,7 +221,7 @@ private:
   qstd::cAsciiString mLastLabel;
 };
 
-// Loading from a binary archive by its own type reads inline.
+/// Loading from a binary archive by its own type reads inline.
 inline cDeserializeBinary& operator<<(char& v, cDeserializeBinary& d) {
   d.load(v);
   return d;
@@ -250,7 +262,7 @@ inline cDeserializeBinary& operator<<(bool& v, cDeserializeBinary& d) {
   d.load(v);
   return d;
 }
-// The other standard integer types by their width (see cabstractserializer.h).
+/// The other standard integer types by their width (see cabstractserializer.h).
 inline cDeserializeBinary& operator<<(signed char& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
 inline cDeserializeBinary& operator<<(long& v, cDeserializeBinary& d) { return loadByWidth(v, d); }
 inline cDeserializeBinary& operator<<(unsigned long& v, cDeserializeBinary& d) { return loadByWidth(v, d); }

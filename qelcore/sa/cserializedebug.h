@@ -1,14 +1,17 @@
-// A readable text archive for debugging: one line per value with its type,
-// labels in front of their values, contexts as indented blocks.
-//
-//   piUInt32 42
-//   label "Name" cAsciiString "abc"
-//   context "cLIMessage" {
-//     ...
-//   }
-//
-// Like the binary archive, a context whose guard dies without release()
-// leaves no trace in the text.
+/// \class qsa::cSerializeDebug
+/// A readable text archive for debugging: one line per value with its type,
+/// labels in front of their values, contexts as indented blocks.
+///
+/// \code
+///   piUInt32 42
+///   label "Name" cAsciiString "abc"
+///   context "cLIMessage" {
+///     ...
+///   }
+/// \endcode
+///
+/// Like the binary archive, a context whose guard dies without release()
+/// leaves no trace in the text.
 #ifndef QELCORE_SA_CSERIALIZEDEBUG_H
 #define QELCORE_SA_CSERIALIZEDEBUG_H
 
@@ -37,19 +40,19 @@ public:
   void store(char value) override;
   void store(unsigned char value) override;
   using cAbstractSerializer::store;
-  // Both empty the text; refused while a context is open.
+  /// Both empty the text; refused while a context is open.
   void rewind() override;
   void clear() override;
   cContextRef newContext(const char* pName) override;
   void releaseCurrentContext() override;
   cAbstractSerializer& newLabel(const qstd::cAsciiString& name) override;
-  // The text; refused while a context is open.
+  /// The text; refused while a context is open.
   qstd::tArrayRef<char> data() override;
   void swapData(qstd::tArray<char>& other) override;
 
-  // The text as a NUL-terminated string (contexts still open show as open).
+  /// The text as a NUL-terminated string (contexts still open show as open).
   const char* text();
-  // Bytes of a block shown before it is cut with "...".
+  /// Bytes of a block shown before it is cut with "...".
   void setBlockPreview(unsigned int iBytes) { miBlockPreview = iBytes; }
 
 private:

@@ -1,14 +1,17 @@
-// std::string in archives: stored as the ASCII string element, exactly as a
-// cAsciiString with the same bytes (so either can load what the other
-// stored), and loaded from it.
-//
-//   std::string name = "door";
-//   name >> serializer;
-//   name << deserializer;
-//
-// A binary archive writes the characters straight from the std::string and
-// reads them straight into it; other archives go through a cAsciiString.
-// Kept apart from the archive headers, which do not need <string>.
+/// \file
+/// std::string in archives: stored as the ASCII string element, exactly as a
+/// cAsciiString with the same bytes (so either can load what the other
+/// stored), and loaded from it.
+///
+/// \code
+///   std::string name = "door";
+///   name >> serializer;
+///   name << deserializer;
+/// \endcode
+///
+/// A binary archive writes the characters straight from the std::string and
+/// reads them straight into it; other archives go through a cAsciiString.
+/// Kept apart from the archive headers, which do not need `<string>`.
 #ifndef QELCORE_SA_STDSTRINGS_H
 #define QELCORE_SA_STDSTRINGS_H
 
@@ -26,7 +29,7 @@ namespace qsa {
 
 namespace stdstrings {
 
-// The length as the archive counts it.
+/// The length as the archive counts it.
 inline unsigned int lengthOf(std::string_view text) {
   if (text.size() > 0xFFFFFFF7u)
     qstd::cSTDExceptions::throwOutOfRange("std::string", "store", qstd::OutOfRangeSize,
@@ -36,6 +39,8 @@ inline unsigned int lengthOf(std::string_view text) {
 
 }  // namespace stdstrings
 
+///@{
+/// Stores the characters as one ASCII string element.
 inline cSerializeBinary& operator>>(std::string_view v, cSerializeBinary& s) {
   s.storeAsciiChars(v.data(), stdstrings::lengthOf(v));
   return s;
@@ -49,8 +54,10 @@ inline cSerializeBinary& operator>>(const std::string& v, cSerializeBinary& s) {
 inline cAbstractSerializer& operator>>(const std::string& v, cAbstractSerializer& s) {
   return std::string_view(v) >> s;
 }
+///@}
 
-// The string changes only when the element was read.
+///@{
+/// Loads an ASCII string element; the string changes only when it was read.
 inline cDeserializeBinary& operator<<(std::string& v, cDeserializeBinary& d) {
   const char* chars = nullptr;
   unsigned int length = 0;
@@ -65,6 +72,7 @@ inline cAbstractDeserializer& operator<<(std::string& v, cAbstractDeserializer& 
   v.assign(text.c_str(), text.size());
   return d;
 }
+///@}
 
 }  // namespace qsa
 

@@ -1,4 +1,5 @@
-// A violated precondition or broken invariant: a programming error.
+/// \class qstd::cBugException
+/// A violated precondition or broken invariant: a programming error.
 #ifndef QELCORE_STD_CBUGEXCEPTION_H
 #define QELCORE_STD_CBUGEXCEPTION_H
 
@@ -10,21 +11,25 @@ namespace qstd {
 
 class QEL_EXPORT cBugException : public tException<cBugException, cAbstractException> {
 public:
+  /// "cBugException", the name in the exception registry.
   static const char* staticTypeName() { return "cBugException"; }
 
-  // File "unknown", line 0, no message.
+  /// File "unknown", line 0, no message.
   cBugException();
+  /// `msg`, raised at `file`:`line`.
   cBugException(const qucs::cLIMessage& msg, const char* file, unsigned int line);
 
+  /// The message.
   const qucs::cLIMessage* liMessage() const override;
-  // The base's fields, then the message.
+  /// The base's fields, then the message.
   void store(qsa::cAbstractSerializer& s) const override;
   void load(qsa::cAbstractDeserializer& d) override;
 
-  // Same as cSTDExceptions::throwAssertionFailed.
+  /// Same as cSTDExceptions::throwAssertionFailed.
   [[noreturn]] static void throwAssertionFailed(const char* expr, const char* file, unsigned int line);
 
 protected:
+  /// Replaces the message (for derived classes that build theirs late).
   void setMsg(const qucs::cLIMessage& msg);
 
 private:

@@ -1,13 +1,16 @@
-// Integers and doubles to digit text and back, driven by a
-// cNumberConversionFormat (the system's default when none is given).
-//
-// Text forms exist for cAsciiString, cString and byte arrays; the appending
-// forms add to what the target already holds. toChars writes into a buffer
-// of the caller's:
-//
-//   char buf[32];
-//   unsigned int n = cNumberConversion::toChars(value, buf, sizeof buf);
-//   if (n <= sizeof buf) use(buf, n);   // no terminating zero is written
+/// \class qstd::cNumberConversion
+/// Integers and doubles to digit text and back, driven by a
+/// cNumberConversionFormat (the system's default when none is given).
+///
+/// Text forms exist for cAsciiString, cString and byte arrays; the appending
+/// forms add to what the target already holds. toChars writes into a buffer
+/// of the caller's:
+///
+/// \code
+///   char buf[32];
+///   unsigned int n = cNumberConversion::toChars(value, buf, sizeof buf);
+///   if (n <= sizeof buf) use(buf, n);   // no terminating zero is written
+/// \endcode
 #ifndef QELCORE_STD_CNUMBERCONVERSION_H
 #define QELCORE_STD_CNUMBERCONVERSION_H
 
@@ -28,10 +31,13 @@ namespace qstd {
 
 class QEL_EXPORT cNumberConversion {
 public:
+  /// Bytes, as number texts are written into them.
   typedef tArray<char, tArrayByteLevelTraits<char>> tByteArray;
+  /// A view onto bytes to read a number from.
   typedef tConstArrayRef<char, tArrayByteLevelTraits<char>> tConstByteArrayRef;
 
-  // Integer to text: any integer type, returning a new string or appending.
+  ///@{
+  /// Integer to text: any integer type, returning a new string or appending.
   template <typename I>
   static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value, cAsciiString>::type
   toString(I value, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
@@ -54,10 +60,12 @@ public:
       I value, tByteArray& out, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault()) {
     appendAny(value, out, format);
   }
+  ///@}
 
-  // Integer or double to text in `buffer` (no terminating zero). Returns the
-  // length of the text; when that is more than `size`, nothing is written and
-  // the caller can try again with that much room.
+  ///@{
+  /// Integer or double to text in `buffer` (no terminating zero). Returns the
+  /// length of the text; when that is more than `size`, nothing is written and
+  /// the caller can try again with that much room.
   template <typename I>
   static typename std::enable_if<std::is_integral<I>::value && !std::is_same<I, bool>::value, unsigned int>::type
   toChars(I value, char* buffer, unsigned int size,
@@ -67,15 +75,20 @@ public:
   }
   static unsigned int toChars(double value, char* buffer, unsigned int size,
                               const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+  ///@}
 
+  ///@{
+  /// Appends a 64-bit integer to `out` in `format`.
   static void appendSigned(long long value, cAsciiString& out, const cNumberConversionFormat& format);
   static void appendSigned(long long value, qucs::cString& out, const cNumberConversionFormat& format);
   static void appendSigned(long long value, tByteArray& out, const cNumberConversionFormat& format);
   static void appendUnsigned(unsigned long long value, cAsciiString& out, const cNumberConversionFormat& format);
   static void appendUnsigned(unsigned long long value, qucs::cString& out, const cNumberConversionFormat& format);
   static void appendUnsigned(unsigned long long value, tByteArray& out, const cNumberConversionFormat& format);
+  ///@}
 
-  // Double to text (always base 10 with the format's digit symbols).
+  ///@{
+  /// Double to text (always base 10 with the format's digit symbols).
   static cAsciiString toStringFromDouble(
       double value, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static void toStringFromDouble(double value, cAsciiString& out,
@@ -84,6 +97,7 @@ public:
                                  const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static void toStringFromDouble(double value, tByteArray& out,
                                  const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+  ///@}
 
 private:
   static unsigned int signedToChars(long long value, char* buffer, unsigned int size,
@@ -99,9 +113,10 @@ private:
   }
 
 public:
-  // Text to integer; an invalid character throws cRuntimeException
-  // "Invalid decimal number ..." with its index. A value outside the 64-bit
-  // range throws cNumberConversionException at the digit that passes it.
+  ///@{
+  /// Text to integer; an invalid character throws cRuntimeException
+  /// "Invalid decimal number ..." with its index. A value outside the 64-bit
+  /// range throws cNumberConversionException at the digit that passes it.
   static long long fromString(const cAsciiString& text,
                               const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static long long fromString(const qucs::cString& text,
@@ -114,15 +129,19 @@ public:
                               const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static long long fromString(const tConstByteArrayRef& text,
                               const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+  ///@}
 
-  // Text to an unsigned 64-bit integer (0 to 2^64 - 1), read as fromString()
-  // reads; a minus sign is accepted only before a zero value.
+  ///@{
+  /// Text to an unsigned 64-bit integer (0 to 2^64 - 1), read as fromString()
+  /// reads; a minus sign is accepted only before a zero value.
   static unsigned long long fromStringToUnsigned(
       const cAsciiString& text, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static unsigned long long fromStringToUnsigned(
       const qucs::cString& text, const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+  ///@}
 
-  // Text to double.
+  ///@{
+  /// Text to double.
   static double fromStringToDouble(const cAsciiString& text,
                                    const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static double fromStringToDouble(const qucs::cString& text,
@@ -135,6 +154,7 @@ public:
                                    const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
   static double fromStringToDouble(const tConstByteArrayRef& text,
                                    const cNumberConversionFormat& format = cNumberConversionFormat::systemDefault());
+  ///@}
 };
 
 }  // namespace qstd

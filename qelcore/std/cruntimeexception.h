@@ -1,4 +1,5 @@
-// Bad input or a failed operation: a condition the program must expect.
+/// \class qstd::cRuntimeException
+/// Bad input or a failed operation: a condition the program must expect.
 #ifndef QELCORE_STD_CRUNTIMEEXCEPTION_H
 #define QELCORE_STD_CRUNTIMEEXCEPTION_H
 
@@ -10,18 +11,22 @@ namespace qstd {
 
 class QEL_EXPORT cRuntimeException : public tException<cRuntimeException, cAbstractException> {
 public:
+  /// "cRuntimeException", the name in the exception registry.
   static const char* staticTypeName() { return "cRuntimeException"; }
 
-  // File "unknown", line 0, no message.
+  /// File "unknown", line 0, no message.
   cRuntimeException();
+  /// `msg`, raised at `file`:`line`.
   cRuntimeException(const qucs::cLIMessage& msg, const char* file, unsigned int line);
 
+  /// The message.
   const qucs::cLIMessage* liMessage() const override;
-  // The base's fields, then the message.
+  /// The base's fields, then the message.
   void store(qsa::cAbstractSerializer& s) const override;
   void load(qsa::cAbstractDeserializer& d) override;
 
 protected:
+  /// Replaces the message (for derived classes that build theirs late).
   void setMsg(const qucs::cLIMessage& msg);
 
 private:

@@ -1,4 +1,5 @@
-// The factory of the foundation's exception classes.
+/// \class qstd::cSTDExceptionFactory
+/// The factory of the foundation's exception classes.
 #ifndef QELCORE_STD_CSTDEXCEPTIONFACTORY_H
 #define QELCORE_STD_CSTDEXCEPTIONFACTORY_H
 
@@ -10,8 +11,8 @@ namespace qstd {
 class QEL_EXPORT cSTDExceptionFactory : public cAbstractExceptionFactory {
 public:
   ~cSTDExceptionFactory() override;
-  // Knows cBugException, cRuntimeException and every exception class of
-  // the foundation derived from them.
+  /// Knows cBugException, cRuntimeException and every exception class of
+  /// the foundation derived from them.
   cAbstractException* createException(const cAsciiString& typeName) const override;
 };
 

@@ -1,4 +1,5 @@
-// An archive names a type that cannot be read here.
+/// \class qstd::cTypeErrorException
+/// An archive names a type that cannot be read here.
 #ifndef QELCORE_STD_CTYPEERROREXCEPTION_H
 #define QELCORE_STD_CTYPEERROREXCEPTION_H
 
@@ -10,11 +11,14 @@ namespace qstd {
 
 class QEL_EXPORT cTypeErrorException : public tException<cTypeErrorException, cBugException> {
 public:
+  /// "cTypeErrorException", the name in the exception registry.
   static const char* staticTypeName() { return "cTypeErrorException"; }
 
   cTypeErrorException() {}
+  /// A value of the type `type` cannot be used here.
   explicit cTypeErrorException(const cAsciiString& type, const char* file = "unknown", unsigned int line = 0);
 
+  /// The type in question.
   const cAsciiString& type() const { return mType; }
 
 private:

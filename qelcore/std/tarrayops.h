@@ -1,5 +1,6 @@
-// Checks and element algorithms shared by tArray and its views. Elements are
-// trivially copyable; everything here works on plain memory.
+/// \file
+/// Checks and element algorithms shared by tArray and its views. Elements are
+/// trivially copyable; everything here works on plain memory.
 #ifndef QELCORE_STD_TARRAYOPS_H
 #define QELCORE_STD_TARRAYOPS_H
 
@@ -12,19 +13,20 @@ namespace arrayops {
 
 enum { RangeIndex = OutOfRangeIndex, RangeValue = OutOfRangeValue, RangeSize = OutOfRangeSize };
 
+/// cSTDExceptions::throwOutOfRange with `type` one of the Range values.
 [[noreturn]] inline void outOfRange(const char* container, const char* operation, int type, long long value,
                                     long long min, long long max) {
   cSTDExceptions::throwOutOfRange(container, operation, static_cast<OutOfRangeType>(type), value, min, max);
 }
 
-// Element index: index < size.
+/// Element index: index < size.
 inline void checkIndex(const char* container, const char* operation, unsigned int index, unsigned int size) {
   if (index >= size) {
     outOfRange(container, operation, RangeIndex, index, 0, static_cast<long long>(size) - 1);
   }
 }
 
-// Range: [index, index + count) inside [0, size).
+/// Range: [index, index + count) inside [0, size).
 inline void checkRange(const char* container, const char* operation, unsigned int index, unsigned int count,
                        unsigned int size) {
   if (index + count < index) {
@@ -38,28 +40,28 @@ inline void checkRange(const char* container, const char* operation, unsigned in
   }
 }
 
-// Insertion point or new length: position <= size.
+/// Insertion point or new length: position <= size.
 inline void checkPosition(const char* container, const char* operation, unsigned int position, unsigned int size) {
   if (position > size) {
     outOfRange(container, operation, RangeValue, position, 0, size);
   }
 }
 
-// Number of elements taken from the end: n <= size.
+/// Number of elements taken from the end: n <= size.
 inline void checkTail(const char* container, const char* operation, unsigned int n, unsigned int size) {
   if (n > size) {
     outOfRange(container, operation, RangeSize, n, 0, size);
   }
 }
 
-// Growth beyond 32 bits of elements.
+/// Growth beyond 32 bits of elements.
 inline void checkGrowth(const char* container, const char* operation, unsigned int size, unsigned int n) {
   if (size + n < size) {
     cSTDExceptions::throwOutOfBounds(container, operation);
   }
 }
 
-// Length of a run terminated by a value-initialised element.
+/// Length of a run terminated by a value-initialised element.
 template <typename T>
 inline unsigned int terminatedLength(const T* p) {
   if (sizeof(T) == 1) {
@@ -72,13 +74,14 @@ inline unsigned int terminatedLength(const T* p) {
   return static_cast<unsigned int>(q - p);
 }
 
+/// Whether the `n` elements at `a` and `b` are equal byte for byte.
 template <typename T>
 inline bool sameElements(const T* a, const T* b, unsigned int n) {
   return n == 0 || std::memcmp(a, b, static_cast<std::size_t>(n) * sizeof(T)) == 0;
 }
 
-// First occurrence of `needle` (n elements) in data[from, end). Returns the
-// index in data, or `end` when there is none.
+/// First occurrence of `needle` (n elements) in data[from, end). Returns the
+/// index in data, or `end` when there is none.
 template <typename T>
 inline unsigned int search(const T* data, unsigned int from, unsigned int end, const T* needle, unsigned int n) {
   if (n == 0) {
@@ -87,7 +90,7 @@ inline unsigned int search(const T* data, unsigned int from, unsigned int end, c
   if (end < n || from > end - n) {
     return end;
   }
-  const unsigned int last = end - n;  // last possible start
+  const unsigned int last = end - n;  ///< last possible start
   if (sizeof(T) == 1) {
     const unsigned char* base = reinterpret_cast<const unsigned char*>(data);
     const unsigned char first = *reinterpret_cast<const unsigned char*>(needle);
@@ -113,8 +116,8 @@ inline unsigned int search(const T* data, unsigned int from, unsigned int end, c
   return end;
 }
 
-// Resolves the search window of find(): [start, start + count), where a count
-// of 0 or one reaching past the end means "to the end".
+/// Resolves the search window of find(): [start, start + count), where a count
+/// of 0 or one reaching past the end means "to the end".
 inline unsigned int searchEnd(unsigned int start, unsigned int count, unsigned int size) {
   if (count == 0 || count > size - start) {
     return size;
@@ -122,8 +125,8 @@ inline unsigned int searchEnd(unsigned int start, unsigned int count, unsigned i
   return start + count;
 }
 
-// Three-way comparison of a content (hasContent false: nothing allocated)
-// with p[0, n).
+/// Three-way comparison of a content (hasContent false: nothing allocated)
+/// with p[0, n).
 template <typename T>
 inline int relation(bool hasContent, const T* data, unsigned int size, const T* p, unsigned int n) {
   if (!hasContent) {

@@ -1,11 +1,14 @@
-// A read-only array proxy over elements in memory that the caller owns, so
-// that views (tConstArrayRef) and everything that takes them, such as the
-// decoders, work on raw memory without copying it into an array first:
-//
-//   qstd::tConstMemoryProxy<char> memory(bytes, length);
-//   endec.decode(qstd::tConstArrayRef<char>(memory), text);
-//
-// The memory must outlive the proxy and every view onto it.
+/// \class qstd::tConstMemoryProxy
+/// A read-only array proxy over elements in memory that the caller owns, so
+/// that views (tConstArrayRef) and everything that takes them, such as the
+/// decoders, work on raw memory without copying it into an array first:
+///
+/// \code
+///   qstd::tConstMemoryProxy<char> memory(bytes, length);
+///   endec.decode(qstd::tConstArrayRef<char>(memory), text);
+/// \endcode
+///
+/// The memory must outlive the proxy and every view onto it.
 #ifndef QELCORE_STD_TCONSTMEMORYPROXY_H
 #define QELCORE_STD_TCONSTMEMORYPROXY_H
 
@@ -20,7 +23,7 @@ namespace qstd {
 template <typename T>
 class tConstMemoryProxy : public tAbstractConstArrayProxy<T> {
 public:
-  // `n` elements from `elements` (which may be null when n is 0).
+  /// `n` elements from `elements` (which may be null when n is 0).
   tConstMemoryProxy(const T* elements, unsigned int n) : mpElements(elements), miLength(n) {
     QEL_ASSERT(elements != 0 || n == 0, "std/tconstmemoryproxy");
   }
@@ -29,6 +32,7 @@ public:
     arrayops::checkIndex("tConstMemoryProxy", "proxyAt", index, miLength);
     return mpElements[index];
   }
+  /// The number of elements viewed.
   unsigned int proxyLength() const override { return miLength; }
   void proxyCopyPartTo(T* dest, unsigned int index, unsigned int count) const override {
     arrayops::checkRange("tConstMemoryProxy", "proxyCopyPartTo", index, count, miLength);

@@ -1,6 +1,7 @@
-// A counted handle to an object that several holders share, with or without
-// owning it. invalidateObject() ends the object for every holder at once;
-// the handles then report null() but stay valid until they go.
+/// \class qstd::tSharedObject
+/// A counted handle to an object that several holders share, with or without
+/// owning it. invalidateObject() ends the object for every holder at once;
+/// the handles then report null() but stay valid until they go.
 #ifndef QELCORE_STD_TSHAREDOBJECT_H
 #define QELCORE_STD_TSHAREDOBJECT_H
 
@@ -13,12 +14,12 @@ template <typename T>
 class tSharedObject {
 public:
   tSharedObject() : mpData(nullptr), mpObject(nullptr) {}
-  // Owning; a null pointer gives an empty handle.
+  /// Owning; a null pointer gives an empty handle.
   explicit tSharedObject(T* p) : mpData(nullptr), mpObject(nullptr) { adopt(p, tAutoPtrType::SingleObject); }
-  // Shares an object it does not own.
+  /// Shares an object it does not own.
   explicit tSharedObject(T& object) : mpData(new tSharedObjectData(false, nullptr, nullptr)), mpObject(&object) {}
-  // Owning, takes the pointer over (an array is freed as an array, a pointer
-  // the holder did not own is not freed).
+  /// Owning, takes the pointer over (an array is freed as an array, a pointer
+  /// the holder did not own is not freed).
   template <typename U>
   tSharedObject(tAutoPtr<U> p) : mpData(nullptr), mpObject(nullptr) {
     const tAutoPtrType::PointerType type = p.pointerType();
@@ -26,61 +27,74 @@ public:
     adopt(object, type);
     p.release();
   }
-  // Joins existing shared data (conversions between related types).
+  ///@{
+  /// Joins existing shared data (conversions between related types).
   tSharedObject(tSharedObjectData* data, T* object) : mpData(data), mpObject(object) {
     if (mpData != nullptr) {
       mpData->addReference();
     }
   }
   tSharedObject(const tSharedObject& other) : tSharedObject(other.mpData, other.mpObject) {}
-  // A handle of a related type onto the same data; as null as `other` (the
-  // pointer of an object that is gone is not converted: that may read it).
+  ///@}
+  /// A handle of a related type onto the same data; as null as `other` (the
+  /// pointer of an object that is gone is not converted: that may read it).
   template <typename U>
   tSharedObject(const tSharedObject<U>& other)
       : tSharedObject(other.sharedData(), other.null() ? nullptr : other.rawObject()) {}
+  /// Takes the other handle over; it is left empty.
   tSharedObject(tSharedObject&& other) noexcept : mpData(other.mpData), mpObject(other.mpObject) {
     other.mpData = nullptr;
     other.mpObject = nullptr;
   }
   ~tSharedObject() { drop(); }
 
+  ///@{
+  /// Lets go of the object held and shares (or takes over) the other's.
   tSharedObject& operator=(const tSharedObject& other) {
     tSharedObject copy(other);
     swap(copy);
     return *this;
   }
   tSharedObject& operator=(tSharedObject&& other) noexcept {
+  ///@}
     tSharedObject taken(static_cast<tSharedObject&&>(other));
     swap(taken);
     return *this;
   }
 
-  // Null while the handle is null().
+  /// Null while the handle is null().
   T* get() const { return null() ? nullptr : mpObject; }
+  /// get().
   T* operator->() const { return get(); }
+  /// The object; a null handle throws.
   T& operator*() const {
     if (null()) {
       tSharedObjectData::throwWrongSharedObjectDereference();
     }
     return *mpObject;
   }
+  /// mpData->objectRefs() == 0; } || No object, or it was invalidated.
   bool null() const { return mpData == nullptr || mpData->objectRefs() == 0; }
+  /// Not null().
   explicit operator bool() const { return !null(); }
+  /// How many handles keep the object.
   unsigned int refCount() const { return mpData == nullptr ? 0 : mpData->objectRefs(); }
+  /// This is the only handle keeping it.
   bool unique() const { return refCount() == 1; }
 
-  // Becomes a new owning handle of `p`.
+  /// Becomes a new owning handle of `p`.
   void reset(T* p = nullptr) {
     tSharedObject fresh(p);
     swap(fresh);
   }
-  // Ends the object for all holders (deleting it when owned).
+  /// Ends the object for all holders (deleting it when owned).
   void invalidateObject() {
     if (mpData != nullptr) {
       mpData->invalidate();
     }
   }
 
+  /// Exchanges two handles.
   void swap(tSharedObject& other) noexcept {
     tSharedObjectData* d = mpData;
     mpData = other.mpData;
@@ -90,20 +104,22 @@ public:
     other.mpObject = o;
   }
 
-  // A handle of another type onto the same shared data; empty when this
-  // handle is null() or the dynamic cast fails.
+  /// A handle of another type onto the same shared data (a static cast);
+  /// empty when this handle is null().
   template <typename U>
   tSharedObject<U> staticCast() const {
     return null() ? tSharedObject<U>() : tSharedObject<U>(mpData, static_cast<U*>(mpObject));
   }
+  /// The same with a dynamic cast; empty too when the cast fails.
   template <typename U>
   tSharedObject<U> dynamicCast() const {
     U* p = null() ? nullptr : dynamic_cast<U*>(mpObject);
     return p == nullptr ? tSharedObject<U>() : tSharedObject<U>(mpData, p);
   }
 
+  /// The shared record (for handles of other types).
   tSharedObjectData* sharedData() const { return mpData; }
-  // The pointer this handle was made with, valid or not.
+  /// The pointer this handle was made with, valid or not.
   T* rawObject() const { return mpObject; }
 
 private:

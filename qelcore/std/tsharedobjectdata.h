@@ -1,9 +1,10 @@
-// The counts shared by all handles (tSharedObject) of one object.
-//
-// Object references count the live references to the object and drop to 0
-// when it is gone or invalidated; handles count the handles that still point
-// at this data, which is freed when they reach 0. The counts are plain
-// integers: one thread at a time, or the caller locks.
+/// \class qstd::tSharedObjectData
+/// The counts shared by all handles (tSharedObject) of one object.
+///
+/// Object references count the live references to the object and drop to 0
+/// when it is gone or invalidated; handles count the handles that still point
+/// at this data, which is freed when they reach 0. The counts are plain
+/// integers: one thread at a time, or the caller locks.
 #ifndef QELCORE_STD_TSHAREDOBJECTDATA_H
 #define QELCORE_STD_TSHAREDOBJECTDATA_H
 
@@ -15,27 +16,31 @@ namespace qstd {
 // One record is made for every shared object: records are small objects.
 class QEL_EXPORT tSharedObjectData : public cSmallObject {
 public:
-  // Deletes the object as the type it was created with, so that handles of a
-  // base type free it correctly.
+  /// Deletes the object as the type it was created with, so that handles of a
+  /// base type free it correctly.
   typedef void (*tDeleter)(void* object);
 
+  /// One handle, one object reference; `deleter` frees `object` when `owns`.
   tSharedObjectData(bool owns, void* object, tDeleter deleter)
       : mbOwns(owns), miObjectRefs(1), miHandles(1), mpObject(object), mpfnDeleter(deleter) {}
   tSharedObjectData(const tSharedObjectData&) = delete;
   tSharedObjectData& operator=(const tSharedObjectData&) = delete;
 
+  /// Whether the object is deleted with its last reference.
   bool owns() const { return mbOwns; }
+  /// The references that keep the object.
   unsigned int objectRefs() const { return miObjectRefs; }
+  /// The handles that keep this record.
   unsigned int handles() const { return miHandles; }
 
-  // A new handle joins.
+  /// A new handle joins.
   void addReference() {
     if (miObjectRefs != 0) {
       ++miObjectRefs;
     }
     ++miHandles;
   }
-  // A handle leaves; returns true when the data itself must be freed now.
+  /// A handle leaves; returns true when the data itself must be freed now.
   bool dropReference() {
     --miHandles;
     if (miObjectRefs != 0 && --miObjectRefs == 0) {
@@ -43,11 +48,11 @@ public:
     }
     return miHandles == 0;
   }
-  // A handle leaves and frees the data when it was the last one. Out of line:
-  // inlined into code with several handles of one data, optimising compilers
-  // cannot see that only the last drop frees it and warn about the others.
+  /// A handle leaves and frees the data when it was the last one. Out of line:
+  /// inlined into code with several handles of one data, optimising compilers
+  /// cannot see that only the last drop frees it and warn about the others.
   static void release(tSharedObjectData* data);
-  // Ends the object for all handles.
+  /// Ends the object for all handles.
   void invalidate() {
     if (miObjectRefs != 0) {
       miObjectRefs = 0;
@@ -55,12 +60,12 @@ public:
     }
   }
 
-  // cBugException "Invalid shared object dereference!".
+  /// cBugException "Invalid shared object dereference!".
   [[noreturn]] static void throwWrongSharedObjectDereference();
 
 private:
-  // The deletion counts as one more handle, so that the object's destructor
-  // may drop handles to this data without freeing it.
+  /// The deletion counts as one more handle, so that the object's destructor
+  /// may drop handles to this data without freeing it.
   void endObject() {
     if (mbOwns && mpfnDeleter != nullptr) {
       void* object = mpObject;

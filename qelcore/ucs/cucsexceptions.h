@@ -1,5 +1,6 @@
-// The throw functions of the Unicode subsystem: the failures of the encoders
-// and decoders, each with its fixed text.
+/// \class qucs::cUCSExceptions
+/// The throw functions of the Unicode subsystem: the failures of the encoders
+/// and decoders, each with its fixed text.
 #ifndef QELCORE_UCS_CUCSEXCEPTIONS_H
 #define QELCORE_UCS_CUCSEXCEPTIONS_H
 
@@ -14,34 +15,38 @@ namespace qucs {
 
 class QEL_EXPORT cUCSExceptions {
 public:
-  // cBugException "Not implemented: %name%::encode (ucs32 -> ascii)", for an
-  // endec without a byte encoding; the other three likewise.
+  ///@{
+  /// cBugException "Not implemented: %name%::encode (ucs32 -> ascii)", for an
+  /// endec without a byte encoding; the other three likewise.
   [[noreturn]] static void throwNotImplementedEncode8(const qstd::cAsciiString& endecName);
   [[noreturn]] static void throwNotImplementedEncode16(const qstd::cAsciiString& endecName);
   [[noreturn]] static void throwNotImplementedDecode8(const qstd::cAsciiString& endecName);
   [[noreturn]] static void throwNotImplementedDecode16(const qstd::cAsciiString& endecName);
+  ///@}
 
-  // cRuntimeException "UTF8 decode error - unexpected end of data at index %index%!";
-  // `index` counts from the first byte of the character being decoded.
+  /// cRuntimeException "UTF8 decode error - unexpected end of data at index %index%!";
+  /// `index` counts from the first byte of the character being decoded.
   [[noreturn]] static void throwUTF8UnexpectedEnd(unsigned int index);
-  // cRuntimeException "UTF8 decode error - unsupported length of %length%!".
+  /// cRuntimeException "UTF8 decode error - unsupported length of %length%!".
   [[noreturn]] static void throwUTF8UnsupportedLength(unsigned int length);
 
-  // cRuntimeException "Unable to convert unmappable character to utf16!".
+  /// cRuntimeException "Unable to convert unmappable character to utf16!".
   [[noreturn]] static void throwUTF16Unmappable();
-  // cRuntimeException "Source buffer exhausted!".
+  /// cRuntimeException "Source buffer exhausted!".
   [[noreturn]] static void throwSourceBufferExhausted();
-  // cRuntimeException "Invalid byte order mark while decoding utf16!".
+  /// cRuntimeException "Invalid byte order mark while decoding utf16!".
   [[noreturn]] static void throwUTF16InvalidByteOrderMark();
-  // cRuntimeException "Unable to read corrupt utf16 data!".
+  /// cRuntimeException "Unable to read corrupt utf16 data!".
   [[noreturn]] static void throwUTF16Corrupt();
-  // cRuntimeException "Invalid byte sequence while decoding utf16!".
+  /// cRuntimeException "Invalid byte sequence while decoding utf16!".
   [[noreturn]] static void throwUTF16InvalidSequence();
 
-  // cRuntimeException "Unicode decode error!" / "Unicode encoding error!"
-  // with a copy of `cause` linked to it.
+  ///@{
+  /// cRuntimeException "Unicode decode error!" / "Unicode encoding error!"
+  /// with a copy of `cause` linked to it.
   [[noreturn]] static void throwUCSDecodeError(const qstd::cAbstractException& cause);
   [[noreturn]] static void throwUSCEncodeError(const qstd::cAbstractException& cause);
+  ///@}
 };
 
 }  // namespace qucs

@@ -56,6 +56,8 @@ TEST_F(ClassLoader, AComponentModuleCountsItsComponentUntilItIsDestroyed) {
   tAutoPtr<cAbstractClassLoader> loader(cPlatform::createClassLoader(testModule("component")));
   EXPECT_EQ(loader->libFileName(), testModule("component"));
   EXPECT_TRUE(loader->isUnused());
+  EXPECT_TRUE(loader->hasComponentSection());
+  EXPECT_FALSE(loader->hasPlugInSection());
 
   unsigned int major = 0, minor = 0;
   loader->getModuleVersion(major, minor);
@@ -84,6 +86,8 @@ TEST_F(ClassLoader, AComponentModuleCountsItsComponentUntilItIsDestroyed) {
 
 TEST_F(ClassLoader, APlugInModuleHasNoComponent) {
   tAutoPtr<cAbstractClassLoader> loader(cPlatform::createClassLoader(testModule("plugin")));
+  EXPECT_FALSE(loader->hasComponentSection());
+  EXPECT_TRUE(loader->hasPlugInSection());
   const cModuleLoadException e = instanceFailure([&] { loader->instance(mFrame, mMgr); });
   EXPECT_EQ(e.problem(), cModuleLoadException::eNotProvided);
   EXPECT_EQ(qeltest::textOf(e), "cClassLoader: No component!");

@@ -13,6 +13,7 @@
 #include "qelcore/qce/net++/cnetipv4address.h"
 #include "qelcore/qcs/cabstractplugin.h"
 #include "qelcore/qcs/cmoduleloadexception.h"
+#include "qelcore/qcs/cpluginmgr.h"
 #include "qelcore/qelversion.h"
 #include "qelcore/sa/cabstractdeserializer.h"
 #include "qelcore/sa/cabstractserializer.h"
@@ -189,6 +190,19 @@ TEST_F(ExtensionModules, ModulesWithoutACoreExtensionOrNotLoadableLeaveNothingBe
   EXPECT_THROW(mMgr.load(testModule("component")), qcs::cModuleLoadException);  // not a plug-in
   EXPECT_THROW(mMgr.load(testModule("missing")), qcs::cModuleLoadException);
   EXPECT_TRUE(mMgr.extensions().empty());
+}
+
+TEST_F(ExtensionModules, APlugInLoadedElsewhereIsListedOnlyWhenItIsACoreExtension) {
+  qcs::cPlugInMgr plugIns;
+  qcs::cAbstractModule& module = mMgr.add(plugIns.loadPlugIn(testModule("generic")));
+  ASSERT_EQ(mMgr.extensions().size(), 1u);
+  EXPECT_EQ(mMgr.extensions().first()->plugIn(), &module);
+
+  const qucs::cString plugIn = testModule("plugin");
+  EXPECT_EQ(qeltest::thrownText<qstd::cRuntimeException>([&] { mMgr.add(plugIns.loadPlugIn(plugIn)); }),
+            "Module (\"" + utf8(plugIn) + "\") does not provide core extension functionality.");
+  EXPECT_EQ(mMgr.extensions().size(), 1u);
+  EXPECT_TRUE(plugIns.plugIns().empty());
 }
 
 TEST_F(ExtensionModules, ModulesAreFoundByNameInTheModulePaths) {

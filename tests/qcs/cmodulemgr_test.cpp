@@ -7,6 +7,7 @@
 #include "qelcore/pi/cabstractqelapp.h"
 #include "qelcore/pi/cplatform.h"
 #include "qelcore/pi/cwork.h"
+#include "qelcore/qcs/cmoduleloadexception.h"
 #include "qelcore/qcs/cnopublicinterfaceexception.h"
 #include "qelcore/qcs/cnosuchmoduleexception.h"
 #include "qelcore/sa/cdeserializebinary.h"
@@ -16,6 +17,7 @@
 
 #include "qcstestutil.h"
 #include "support/capturingout.h"
+#include "support/testmodules.h"
 
 using qcs::cAbstractComponent;
 using qcs::cComponentAddr;
@@ -278,6 +280,26 @@ TEST_F(ModuleManager, UnusedClassLoadersAreDeletedAfterEachPass) {
   c.removeLater();
   pump(mMgr);  // the component gives its reference back; the loader goes after the pass
   EXPECT_TRUE(gone);
+}
+
+TEST_F(ModuleManager, LoadsAComponentFromItsModuleFileAndDropsTheFileWithIt) {
+  cAbstractComponent& c = mMgr.loadComponent(qeltest::testModule("component"), cComponentAddr(1, 9));
+  EXPECT_EQ(c.moduleInfo().name(), "component");  // the module's own constructor ran
+  EXPECT_EQ(c.moduleInfo().context(), qeltest::testModule("component").ascii());
+  EXPECT_EQ(&mMgr.findComponent(c.moduleInfo().context()), &c);
+  EXPECT_EQ(c.deployedBy(), cComponentAddr(1, 9));
+  ASSERT_NE(c.classLoader(), nullptr);
+  EXPECT_EQ(c.classLoader()->numReferences(), 1u);
+  pump(mMgr);
+  EXPECT_TRUE(c.announced());
+  c.removeLater();
+  pump(mMgr);  // the component goes, then its unused loader and file
+  EXPECT_EQ(mMgr.components().size(), 0u);
+
+  // Nothing is listed from a file that is no component module.
+  EXPECT_EQ(thrown<qcs::cModuleLoadException>([&] { mMgr.loadComponent(qeltest::testModule("plugin"), cComponentAddr()); }),
+            "cClassLoader: No component!");
+  EXPECT_EQ(mMgr.components().size(), 0u);
 }
 
 TEST_F(ModuleManager, RemoteExceptionsComeFromTheFirstComponentThatKnowsTheType) {

@@ -27,6 +27,8 @@ public:
   qcs::cAbstractPlugIn* instance(qsa::cReferenceFrame& frame) override;
   void getModuleVersion(unsigned int& major, unsigned int& minor) const override;
   void getModuleQELVersion(unsigned int& major, unsigned int& minor) const override;
+  bool hasComponentSection() const override { return mpInitComponent != nullptr; }
+  bool hasPlugInSection() const override { return mpInitPlugIn != nullptr; }
 
 protected:
   // Loads and checks `file` at once; a failure throws cModuleLoadException
