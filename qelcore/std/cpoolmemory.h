@@ -51,11 +51,17 @@ public:
 /// and placement new use the global forms.
 class cSmallObject {
 public:
+  /// A block from the thread's cache.
   static void* operator new(std::size_t bytes) { return cPoolMemory::allocateSmall(bytes); }
+  /// Gives the block back to the cache.
   static void operator delete(void* p, std::size_t bytes) noexcept { cPoolMemory::releaseSmall(p, bytes); }
+  /// Over-aligned classes: the global form.
   static void* operator new(std::size_t bytes, std::align_val_t align) { return ::operator new(bytes, align); }
+  /// Over-aligned classes: the global form.
   static void operator delete(void* p, std::size_t, std::align_val_t align) noexcept { ::operator delete(p, align); }
+  /// Placement new: constructs at `where`.
   static void* operator new(std::size_t, void* where) noexcept { return where; }
+  /// Placement delete: nothing to give back.
   static void operator delete(void*, void*) noexcept {}
 };
 
@@ -64,17 +70,22 @@ public:
 template <class T>
 class tPoolAllocator {
 public:
+  /// The element type.
   typedef T value_type;
 
+  /// Stateless: every allocator of this kind is equal to every other.
   tPoolAllocator() noexcept {}
+  /// Rebinding copy.
   template <class U>
   tPoolAllocator(const tPoolAllocator<U>&) noexcept {}
 
+  /// Room for `n` objects; a single one comes from the cache.
   T* allocate(std::size_t n) {
     if (n == 1 && alignof(T) <= alignof(std::max_align_t))
       return static_cast<T*>(cPoolMemory::allocateSmall(sizeof(T)));
     return static_cast<T*>(::operator new(n * sizeof(T)));
   }
+  /// Gives back what allocate(n) returned.
   void deallocate(T* p, std::size_t n) noexcept {
     if (n == 1 && alignof(T) <= alignof(std::max_align_t))
       cPoolMemory::releaseSmall(p, sizeof(T));
@@ -82,10 +93,12 @@ public:
       ::operator delete(p);
   }
 
+  /// Always true: blocks of one allocator may go back through another.
   template <class U>
   bool operator==(const tPoolAllocator<U>&) const noexcept {
     return true;
   }
+  /// Always false.
   template <class U>
   bool operator!=(const tPoolAllocator<U>&) const noexcept {
     return false;
