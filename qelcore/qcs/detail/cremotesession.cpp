@@ -157,6 +157,7 @@ public:
       sendFrame();
     }
     tLink link = mLink;
+    flush();
     wait(pending, link);
     if (link->mpImpl) mPending.erase(id);
     if (pending.mbFailed || !pending.mbDone) {
@@ -221,6 +222,7 @@ public:
                                 mBuffer.begin() + miRead + HeaderSize + length);
         miRead += HeaderSize + length;
         handleFrame(frame.data(), length);
+        flush();
       }
     } catch (const cAbstractException& e) {
       fail(e);
@@ -339,6 +341,7 @@ public:
     mExported.push_back(cExported{&c, {}});
     forwardSignals(mExported.back());
     if (mbEstablished && !mbClosed) sendExport(c);
+    flush();
   }
 
   void sendExport(const cAbstractComponent& c) {
@@ -359,6 +362,7 @@ public:
         qsa::cSerializeBinary& s = beginFrame(FrameWithdraw);
         s.store(c.address().moduleID());
         sendFrame();
+        flush();
       }
       break;
     }
@@ -381,6 +385,7 @@ public:
     const qstd::tArrayRef<char> bytes = args.data();
     s.storeBlock(bytes.data(), bytes.size());
     sendFrame();
+    flush();
   }
 
   cAbstractComponent& exported(unsigned int key) const {
@@ -509,7 +514,18 @@ public:
     p[5] = static_cast<char>(length >> 8);
     p[6] = static_cast<char>(length >> 16);
     p[7] = static_cast<char>(length >> 24);
-    if (!mbClosed) mSink.send(p + 4, bytes.size() - 4);
+    mQueue.insert(mQueue.end(), p + 4, p + bytes.size());
+  }
+  // Frames made while handling one event leave together, at its end, so
+  // that a peer that answers at once (from inside the sink) cannot see them
+  // out of order. Bytes flushed from inside the sink follow the bytes being
+  // sent, since a receiver takes a whole send before it looks at it.
+  void flush() {
+    while (!mQueue.empty() && !mbClosed) {
+      std::vector<char> chunk;
+      chunk.swap(mQueue);
+      mSink.send(chunk.data(), static_cast<unsigned int>(chunk.size()));
+    }
   }
 
   void start() {
@@ -548,6 +564,7 @@ public:
     removeAllProxies();
     mExported.clear();
     mBuffer.clear();
+    mQueue.clear();
     miRead = 0;
     if (tellSink) mSink.close();
   }
@@ -560,6 +577,8 @@ public:
   tLink mLink;
   std::vector<char> mBuffer;
   std::size_t miRead;
+  // Frames not handed to the sink yet.
+  std::vector<char> mQueue;
   unsigned int miFeedDepth;
   bool mbHelloSent;
   bool mbPeerHello;
@@ -824,6 +843,7 @@ cRemoteSession::~cRemoteSession() { delete mpImpl; }
 void cRemoteSession::start() {
   try {
     mpImpl->start();
+    mpImpl->flush();
   } catch (const cAbstractException& e) {
     mpImpl->fail(e);
   }
