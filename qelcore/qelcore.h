@@ -132,6 +132,7 @@
 #include "qelcore/pi/cabstractprocessevents.h"
 #include "qelcore/pi/cabstractqelapp.h"
 #include "qelcore/pi/cabstractrunnableimpl.h"
+#include "qelcore/pi/cabstractsocketimpl.h"
 #include "qelcore/pi/cfdaiodata.h"
 #include "qelcore/pi/clocaleventloop.h"
 #include "qelcore/pi/clocaleventprocessor.h"
@@ -164,9 +165,13 @@
 #include "qelcore/qce/cunsupportedextensionexception.h"
 #include "qelcore/qce/net++/cnetabstractaddress.h"
 #include "qelcore/qce/net++/cnetabstractaddressextension.h"
+#include "qelcore/qce/net++/cnetabstractclient.h"
+#include "qelcore/qce/net++/cnetabstractconnection.h"
 #include "qelcore/qce/net++/cnetabstractipaddress.h"
 #include "qelcore/qce/net++/cnetabstractipcapinfo.h"
 #include "qelcore/qce/net++/cnetabstractipv4address.h"
+#include "qelcore/qce/net++/cnetabstractserver.h"
+#include "qelcore/qce/net++/cnetabstractsocket.h"
 #include "qelcore/qce/net++/cnetipv4address.h"
 
 // qcs: components, interfaces, dependencies, addresses and the module manager

@@ -1,0 +1,7 @@
+#include "qelcore/pi/cabstractsocketimpl.h"
+
+namespace qpi {
+
+cAbstractSocketImpl::~cAbstractSocketImpl() {}
+
+}  // namespace qpi
