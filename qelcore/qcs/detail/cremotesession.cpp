@@ -6,11 +6,8 @@
 #include <vector>
 
 #include "qelcore/pi/cabstractout.h"
-#include "qelcore/pi/clocaleventloop.h"
 #include "qelcore/pi/cplatform.h"
 #include "qelcore/pi/csystem.h"
-#include "qelcore/pi/cwork.h"
-#include "qelcore/pi/cworkqueue.h"
 #include "qelcore/qcs/cabstractcomponent.h"
 #include "qelcore/qcs/cabstractinterface.h"
 #include "qelcore/qcs/ccomponentlocation.h"
@@ -20,6 +17,7 @@
 #include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/detail/csha256.h"
+#include "qelcore/qcs/detail/nestedwait.h"
 #include "qelcore/qelversion.h"
 #include "qelcore/rmi/cabstractrmifactory.h"
 #include "qelcore/rmi/cpublicsignal.h"
@@ -31,8 +29,6 @@
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/std/cstdexceptionfactory.h"
-#include "qelcore/std/ctime.h"
-#include "qelcore/std/tsharedobject.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -49,8 +45,6 @@ enum : unsigned int {
   ProtocolVersion = 1,
   NonceSize = 32,
   HeaderSize = 4,
-  // Milliseconds between looks at the clock while a call waits.
-  TimeoutTick = 50,
   // Causes rebuilt from one exception frame; the rest is dropped.
   MaxRemoteChain = 16
 };
@@ -175,32 +169,15 @@ public:
   }
 
   // Runs nested passes of the work queue until the result is in, the call
-  // timed out or the session is gone. A work started with the remaining
-  // time makes sure that a pass returns by the deadline.
+  // timed out or the session is gone.
   static void wait(cPendingCall& pending, const tLink& link) {
     if (pending.mbDone || !link->mpImpl) return;
     const unsigned int timeout = link->mpImpl->mOptions.callTimeout();
-    const qstd::cTime deadline(qstd::cTime().get() + 1000ull * timeout);
-    qpi::cWorkQueue& queue = qpi::system().workQueue();
-    qstd::tSharedObject<qpi::cWork> timer = queue.createJob();
-    timer->setName("RemoteCallTimeout");
-    // A pass waits for the next due work after running what is due, so the
-    // timer ticks until the deadline rather than firing once; the deadline
-    // is then missed by a tick at most.
-    timer->start(timeout < TimeoutTick ? timeout + 1 : static_cast<unsigned int>(TimeoutTick), qpi::cWork::Periodic);
-    qpi::cLocalEventLoop loop(&queue);
-    while (!pending.mbDone && link->mpImpl) {
-      const qstd::cTime now;
-      if (!(now < deadline)) {
-        pending.mbDone = true;
-        pending.mbFailed = true;
-        pending.msFailure = cAsciiString("timed out");
-        break;
-      }
-      loop.process();
+    if (!waitNested([&] { return pending.mbDone || !link->mpImpl; }, timeout, "RemoteCallTimeout")) {
+      pending.mbDone = true;
+      pending.mbFailed = true;
+      pending.msFailure = cAsciiString("timed out");
     }
-    timer->stop();
-    queue.removeJob(*timer);
   }
 
   // ---- incoming bytes ----
@@ -326,6 +303,8 @@ public:
     QEL_DEBUG("Remote peer authenticated");
     if (meRole == cRemoteSession::Server)
       for (std::size_t i = 0; i < mExported.size(); ++i) sendExport(*mExported[i].mpComponent);
+    flush();
+    if (!mbClosed) mSink.established();
   }
 
   // ---- the server's side ----
@@ -834,6 +813,7 @@ void cRemoteSessionImpl::forwardSignals(cExported& exported) {
 // ---------------------------------------------------------------- facade
 
 cRemoteSink::~cRemoteSink() {}
+void cRemoteSink::established() {}
 
 cRemoteSession::cRemoteSession(Role role, cModuleMgr& mgr, const cRemoteOptions& options, cRemoteSink& sink)
     : mpImpl(new cRemoteSessionImpl(role, mgr, options, sink)) {}

@@ -66,6 +66,8 @@ public:
   virtual void send(const char* data, unsigned int size) = 0;
   /// The session closed: drop the connection. Called once.
   virtual void close() = 0;
+  /// The peer has been authenticated. Here: nothing.
+  virtual void established();
 };
 
 class cRemoteSessionImpl;
