@@ -16,6 +16,7 @@
 #include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/detail/cremotesession.h"
+#include "qelcore/rmi/cpublicsignal.h"
 #include "qelcore/sa/cserializebinary.h"
 
 #include "qcstestutil.h"
@@ -24,6 +25,7 @@
 namespace {
 
 using qcs::detail::cRemoteSession;
+using qsa::piVoid;
 using qcstest::cCounterApi;
 using qcstest::cManagerFixture;
 using qcstest::cTestComponent;
@@ -73,6 +75,75 @@ public:
   explicit cFailingUser(qcs::cModuleMgr& mgr)
       : cTestComponent(mgr, "failing user"), mDep(*this, mUse.desc(), &mUse, qcs::cInterfaceDep::saUseFirstBest) {}
   cFailingUse mUse;
+  qcs::cInterfaceDep mDep;
+};
+
+
+// A signal that can be connected by name, as the transport needs: each
+// emission hands its archived argument to every connected public slot.
+class cIndirectSignal : public qrmi::cAbstractSignal {
+public:
+  ~cIndirectSignal() override {
+    for (qrmi::cAbstractSlotCall* c : mCalls) delete c;
+  }
+  void connectIndirect(qrmi::cConnectable& object, const qstd::cAsciiString& slot) override {
+    qrmi::cAbstractSlotCall* call = new qrmi::cIndirectLazySlotCall1<piVoid, int>(object, slot);
+    adopt(*call);
+    mCalls.push_back(call);
+  }
+  bool disconnectObject(const qrmi::cConnectable& object) override {
+    for (std::size_t i = 0; i < mCalls.size(); ++i)
+      if (&mCalls[i]->assignedObject() == &object) {
+        delete mCalls[i];
+        mCalls.erase(mCalls.begin() + static_cast<std::ptrdiff_t>(i));
+        return true;
+      }
+    return false;
+  }
+  bool disconnect(const qrmi::cConnectable& object) override { return disconnectObject(object); }
+  void emit(int value) {
+    for (qrmi::cAbstractSlotCall* c : mCalls) {
+      piVoid ignored;
+      static_cast<qrmi::cAbstractSlotCallN<piVoid, int>*>(c)->invoke(ignored, value);
+    }
+  }
+
+protected:
+  qstd::cAsciiString parametersTypeString() const override { return qrmi::tTypeString<int>::list(); }
+
+private:
+  std::vector<qrmi::cAbstractSlotCall*> mCalls;
+};
+
+class cTickerApi : public qcs::cAbstractInterface {
+public:
+  cTickerApi() : cAbstractInterface(qcstest::provided("Ticker")) {
+    sigTick.exportSignal(*this, "tick", qrmi::cAbstractSignal::eProvidedInterface, "every tick");
+  }
+  void connectInterface(cAbstractInterface&) override {}
+  void disconnectInterface() override {}
+  cIndirectSignal sigTick;
+};
+
+// Connects the provider's "tick" to its public slot "onTick" by name.
+class cTickerUse : public qcs::cAbstractInterface {
+public:
+  cTickerUse() : cAbstractInterface(qcstest::wanted("Ticker")) {
+    qrmi::registerPublicSlot(*this, &cTickerUse::sltTick, "onTick");
+  }
+  piVoid sltTick(int n) {
+    mvTicks.push_back(n);
+    return piVoid();
+  }
+  void connectInterface(cAbstractInterface& p) override { p.findSignal("tick").signal().connectIndirect(*this, "onTick"); }
+  void disconnectInterface() override {}
+  std::vector<int> mvTicks;
+};
+class cTickerUser : public cTestComponent {
+public:
+  explicit cTickerUser(qcs::cModuleMgr& mgr)
+      : cTestComponent(mgr, "ticker user"), mDep(*this, mUse.desc(), &mUse, qcs::cInterfaceDep::saUseFirstBest) {}
+  cTickerUse mUse;
   qcs::cInterfaceDep mDep;
 };
 
@@ -158,6 +229,22 @@ TEST(RemoteSession, ARemoteExceptionArrivesAsCRMIExceptionWithTheRebuiltCause) {
   ASSERT_TRUE(cause->isRemote());
   EXPECT_EQ(*cause->remoteLocation(), pair.mpClient->peerLocation());
   // The connection survives a failed call.
+  EXPECT_TRUE(pair.mpClient->established());
+}
+
+TEST(RemoteSession, EmissionsOfAnExportedSignalReachTheSlotsConnectedToTheProxy) {
+  cPair pair;
+  cTickerApi& ticker = static_cast<cTickerApi&>(
+      pair.mpCounter->addInterface(qstd::tAutoPtr<qcs::cAbstractInterface>(new cTickerApi)));
+  cTickerUser& user = static_cast<cTickerUser&>(pair.mClientSide.mMgr.addComponent(
+      qstd::tAutoPtr<qcs::cAbstractComponent>(new cTickerUser(pair.mClientSide.mMgr)), qcs::cComponentAddr()));
+  pair.connect();
+  ticker.sigTick.emit(1);
+  ticker.sigTick.emit(2);
+  EXPECT_EQ(user.mUse.mvTicks, (std::vector<int>{1, 2}));
+  // A receiver that goes stops receiving; the others are not affected.
+  pair.mClientSide.mMgr.removeAllComponentsNow();
+  ticker.sigTick.emit(3);
   EXPECT_TRUE(pair.mpClient->established());
 }
 
