@@ -1,6 +1,14 @@
 #include "qelcore/pi/cfdaiodata.h"
 
+#include <atomic>
+
 namespace qpi {
+
+namespace {
+std::atomic<unsigned long long> gSerials(0);
+}
+
+cFDAIOData::cFDAIOData() : miSerial(++gSerials) {}
 
 cFDAIOData::~cFDAIOData() {}
 

@@ -20,7 +20,7 @@ namespace qpi {
 
 class QEL_EXPORT cFDAIOData : public cAbstractAIOData {
 public:
-  cFDAIOData() {}
+  cFDAIOData();
   ~cFDAIOData() override;
 
   cFDAIOData* isFDAIOData() override { return this; }
@@ -35,7 +35,13 @@ public:
   void setReadyEvents(unsigned int index, unsigned int events);
   void clearReadyEvents() { mvReady.clear(); }
 
+  // Unique per data object made in this process. A processor that keeps
+  // descriptors registered between waits tells by it that a descriptor
+  // number now belongs to another socket (closed and reused meanwhile).
+  unsigned long long serial() const { return miSerial; }
+
 private:
+  unsigned long long miSerial;
   qstd::tVector<tFdInfo> mvFds;
   qstd::tVector<unsigned int> mvReady;
 };

@@ -1,5 +1,6 @@
 #include "qelcore/pi/cpiexceptions.h"
 
+#include "qelcore/pi/cplatform.h"
 #include "qelcore/pi/cunsupportedplatformexception.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cbugexception.h"
@@ -48,6 +49,14 @@ void cPIExceptions::throwOSError(const char* operation, int code, const char* te
                                  unsigned int line) {
   qstd::cOSErrorException e(qstd::cAsciiString(operation), code, file, line);
   e.link(qstd::cRuntimeException(cLIMessage(qstd::cAsciiString("$QTR$") + text), file, line));
+  throw e;
+}
+
+void cPIExceptions::throwSocketError(const char* operation, int code, const char* file, unsigned int line) {
+  qstd::cOSErrorException e(qstd::cAsciiString(operation), code, file, line);
+  e.link(qstd::cRuntimeException(cLIMessage("$QTR$Network operation \"%operation%\" failed: %error%")
+                                     << operation << cPlatform::osFileIOErrorString(code),
+                                 file, line));
   throw e;
 }
 

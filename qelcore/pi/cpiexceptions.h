@@ -34,6 +34,10 @@ public:
   // cRuntimeException carrying `text` linked as its cause.
   [[noreturn]] static void throwOSError(const char* operation, int code, const char* text, const char* file,
                                         unsigned int line);
+  // cOSErrorException for the socket operation `operation` with the system's
+  // error code, with a cRuntimeException carrying the system's text for it,
+  // "Network operation "%operation%" failed: %error%", linked as its cause.
+  [[noreturn]] static void throwSocketError(const char* operation, int code, const char* file, unsigned int line);
 };
 
 }  // namespace qpi

@@ -36,6 +36,7 @@ class cAbstractRunnableImpl;
 class cAbstractMutexImpl;
 class cAbstractPlatformInfo;
 class cAbstractProcessEvents;
+class cAbstractSocketImpl;
 
 class QEL_EXPORT cPlatform {
 public:
@@ -55,6 +56,9 @@ public:
   // (cWorkQueue::post). Opt in with
   // queue.setEvents(cPlatform::createAIOProcessEvents()).
   static qstd::tAutoPtr<cAbstractProcessEvents> createAIOProcessEvents();
+  // A closed non-blocking stream socket (TCP over IPv4 or IPv6, by the
+  // address it is connected or bound to; see cAbstractSocketImpl).
+  static qstd::tAutoPtr<cAbstractSocketImpl> createSocketImpl();
   // The native file system for `fs` (see qio::cFs).
   static qstd::tAutoPtr<qio::cAbstractFsImpl> createFsImpl(qio::cFs& fs);
   // A class loader that has already opened and checked the module file

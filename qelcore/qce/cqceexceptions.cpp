@@ -2,6 +2,7 @@
 
 #include "qelcore/qce/cunsupportedextensionexception.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cbugexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
 
@@ -39,6 +40,36 @@ void cQCEExceptions::throwPortRange(long long number, qstd::cCallSite at) {
 
 void cQCEExceptions::throwMalformedIPv6(const qstd::cAsciiString& text, qstd::cCallSite at) {
   throw cRuntimeException(cLIMessage("$QTR$Malformed IPv6 address (\"%address%\")!") << text, at.file, at.line);
+}
+
+void cQCEExceptions::throwHostName(const qstd::cAsciiString& text, qstd::cCallSite at) {
+  throw cRuntimeException(
+      cLIMessage("$QTR$Host names are not resolved (\"%address%\"); give a numeric address!") << text, at.file,
+      at.line);
+}
+
+void cQCEExceptions::throwUnusableAddress(const qstd::cAsciiString& text, qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Network address (\"%address%\") cannot be used for a socket!") << text,
+                          at.file, at.line);
+}
+
+void cQCEExceptions::throwSocketNotOpen(qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Network socket is not open!"), at.file, at.line);
+}
+
+void cQCEExceptions::throwNotConnected(qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Network connection is not connected!"), at.file, at.line);
+}
+
+void cQCEExceptions::throwConsumeTooMuch(unsigned long long count, unsigned long long size, qstd::cCallSite at) {
+  throw qstd::cBugException(cLIMessage("$QTR$Cannot consume %count% of %size% received bytes!") << count << size,
+                            at.file, at.line);
+}
+
+void cQCEExceptions::throwQueueWithoutAIO(qstd::cCallSite at) {
+  throw qstd::cBugException(
+      cLIMessage("$QTR$The work queue's event processor drives the queue itself and cannot wait on sockets!"), at.file,
+      at.line);
 }
 
 }  // namespace qce

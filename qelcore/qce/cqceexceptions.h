@@ -31,6 +31,24 @@ public:
   // Runtime exception "Malformed IPv6 address ("%address%")!".
   [[noreturn]] static void throwMalformedIPv6(const qstd::cAsciiString& text,
                                               qstd::cCallSite at = qstd::cCallSite::here());
+
+  // Runtime exception "Host names are not resolved ("%address%"); give a
+  // numeric address!".
+  [[noreturn]] static void throwHostName(const qstd::cAsciiString& text, qstd::cCallSite at = qstd::cCallSite::here());
+  // Runtime exception "Network address ("%address%") cannot be used for a
+  // socket!": no IP address, or one without a port where one is needed.
+  [[noreturn]] static void throwUnusableAddress(const qstd::cAsciiString& text,
+                                                qstd::cCallSite at = qstd::cCallSite::here());
+  // Runtime exception "Network socket is not open!".
+  [[noreturn]] static void throwSocketNotOpen(qstd::cCallSite at = qstd::cCallSite::here());
+  // Runtime exception "Network connection is not connected!".
+  [[noreturn]] static void throwNotConnected(qstd::cCallSite at = qstd::cCallSite::here());
+  // cBugException "Cannot consume %count% of %size% received bytes!".
+  [[noreturn]] static void throwConsumeTooMuch(unsigned long long count, unsigned long long size,
+                                               qstd::cCallSite at = qstd::cCallSite::here());
+  // cBugException "The work queue's event processor drives the queue itself
+  // and cannot wait on sockets!".
+  [[noreturn]] static void throwQueueWithoutAIO(qstd::cCallSite at = qstd::cCallSite::here());
 };
 
 }  // namespace qce

@@ -158,17 +158,27 @@ private:
   void open(qstd::tAutoPtr<qpi::cAbstractSocketImpl> impl, const void* sockAddr, unsigned int size);
   /// Takes an accepted socket: connected at once.
   void adopt(qstd::tAutoPtr<qpi::cAbstractSocketImpl> impl);
-  void connected();
-  void receive();
-  void flush();
-  /// Ends the connection after `e` (null: the peer ended it): emits sigError
-  /// and sigClosed. Returns false when the object was destroyed meanwhile.
-  bool fail(const qstd::cAbstractException* e);
-  void finish();
+  /// The steps of ready(); each returns false when the object died inside.
+  bool connected();
+  bool receive();
+  bool flush();
+  /// Reads and drops what arrives while closing, until the peer ends.
+  void drain();
+  /// Ends the connection at once after `e`: emits sigError and sigClosed.
+  /// Returns false when the object was destroyed meanwhile.
+  bool fail(const qstd::cAbstractException& e);
+  /// The peer ended its stream: finish sending, then close.
+  bool peerEnded();
+  /// Emits sigClosed; false when the object died inside.
+  bool emitClosed();
   void updateWatch();
 
   State meState;
+  // close() was called or the peer ended: sending what is pending, then the
+  // socket closes.
   bool mbClosing;
+  // The peer's end of stream has been read.
+  bool mbPeerEnded;
   std::size_t miReceiveLimit;
   cBuffers* mpBuffers;
 };

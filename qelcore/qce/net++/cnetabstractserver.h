@@ -87,8 +87,9 @@ protected:
   void ready(unsigned int events) override;
 
 private:
-  void listenAt(const void* sockAddr, unsigned int size);
-
+  // The queue given to the constructor, for the accepted connections; used
+  // only from that queue's own pass.
+  qpi::cWorkQueue* mpQueue;
   unsigned int miAcceptBatch;
 };
 

@@ -19,6 +19,7 @@
 #include "qelcore/pi/platform/dependend/native_posix/cposixmuteximpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixplatforminfo.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixprocessevents.h"
+#include "qelcore/pi/platform/dependend/native_posix/cposixsocketimpl.h"
 #include "qelcore/pi/platform/dependend/native_posix/cposixthreadimpl.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tarray.h"
@@ -58,6 +59,10 @@ qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createAIOProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cPosixAIOProcessEvents);
+}
+
+qstd::tAutoPtr<cAbstractSocketImpl> cPlatform::createSocketImpl() {
+  return qstd::tAutoPtr<cAbstractSocketImpl>(new cPosixSocketImpl);
 }
 
 qstd::tAutoPtr<cAbstractClassLoader> cPlatform::createClassLoader(const qucs::cString& file) {

@@ -70,7 +70,9 @@ void cPosixAIOProcessEvents::collect(tJobs& jobs) {
       const tFdInfo& info = data->fds()[i];
       if (info.fd < 0 || info.fd == miWakeFd) continue;
       mvWatches.push_back(cWatch{info.fd, data, i});
-      mWanted[info.fd] |= toEpoll(info.events);
+      cInterest& wanted = mWanted[info.fd];
+      wanted.events |= toEpoll(info.events);
+      wanted.serial = data->serial();
     }
   }
 }
@@ -88,7 +90,7 @@ void cPosixAIOProcessEvents::updateInterest() {
     auto known = mRegistered.find(wanted.first);
     if (known != mRegistered.end() && known->second == wanted.second) continue;
     struct epoll_event ev = {};
-    ev.events = wanted.second;
+    ev.events = wanted.second.events;
     ev.data.fd = wanted.first;
     // A descriptor closed and opened again has left the set by itself.
     int rc = ::epoll_ctl(miEpoll, known != mRegistered.end() ? EPOLL_CTL_MOD : EPOLL_CTL_ADD, wanted.first, &ev);

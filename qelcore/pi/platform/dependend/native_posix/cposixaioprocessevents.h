@@ -41,9 +41,17 @@ private:
   int miWakeFd;
   bool mbWake;
   std::vector<cWatch> mvWatches;
-  // What epoll watches now, by descriptor: the event mask asked for.
-  std::unordered_map<int, unsigned int> mRegistered;
-  std::unordered_map<int, unsigned int> mWanted;
+  // An event mask asked for, and the serial of the data that asked: a
+  // descriptor number closed and reused by another socket has left epoll by
+  // itself and must be added again even when the mask is the same.
+  struct cInterest {
+    unsigned int events;
+    unsigned long long serial;
+    bool operator==(const cInterest& other) const { return events == other.events && serial == other.serial; }
+  };
+  // What epoll watches now, by descriptor.
+  std::unordered_map<int, cInterest> mRegistered;
+  std::unordered_map<int, cInterest> mWanted;
 };
 
 }  // namespace qpi

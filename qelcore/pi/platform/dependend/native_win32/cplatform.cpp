@@ -14,6 +14,7 @@
 #include "qelcore/pi/platform/dependend/native_win32/cwin32muteximpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32platforminfo.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32processevents.h"
+#include "qelcore/pi/platform/dependend/native_win32/cwin32socketimpl.h"
 #include "qelcore/pi/platform/dependend/native_win32/cwin32threadimpl.h"
 #include "qelcore/std/cstdexceptions.h"
 #include "qelcore/ucs/cstring.h"
@@ -49,6 +50,10 @@ qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents() {
 
 qstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createAIOProcessEvents() {
   return qstd::tAutoPtr<cAbstractProcessEvents>(new cWin32AIOProcessEvents);
+}
+
+qstd::tAutoPtr<cAbstractSocketImpl> cPlatform::createSocketImpl() {
+  return qstd::tAutoPtr<cAbstractSocketImpl>(new cWin32SocketImpl);
 }
 
 qstd::tAutoPtr<cAbstractClassLoader> cPlatform::createClassLoader(const qucs::cString& file) {
