@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <map>
+#include <set>
 #include <memory>
 #include <vector>
 
@@ -45,6 +46,8 @@ enum : unsigned int {
   ProtocolVersion = 1,
   NonceSize = 32,
   HeaderSize = 4,
+  // Timed-out calls whose late results are recognised.
+  AbandonedCalls = 256,
   // Causes rebuilt from one exception frame; the rest is dropped.
   MaxRemoteChain = 16
 };
@@ -153,7 +156,12 @@ public:
     tLink link = mLink;
     flush();
     wait(pending, link);
-    if (link->mpImpl) mPending.erase(id);
+    if (link->mpImpl && mPending.erase(id)) {
+      // Timed out: its result may still come and is dropped then. The
+      // oldest of many such calls are forgotten.
+      mAbandoned.insert(id);
+      if (mAbandoned.size() > AbandonedCalls) mAbandoned.erase(mAbandoned.begin());
+    }
     if (pending.mbFailed || !pending.mbDone) {
       cRMIException e(where, iface, cRMIException::eCallSlot, slot);
       if (pending.mpRemote.get()) {
@@ -433,7 +441,10 @@ public:
     unsigned int id = 0;
     id << d;
     const auto found = mPending.find(id);
-    if (found == mPending.end()) cQCSExceptions::throwRemoteProtocol("result of no pending call");
+    if (found == mPending.end()) {
+      if (mAbandoned.erase(id)) return;
+      cQCSExceptions::throwRemoteProtocol("result of no pending call");
+    }
     cPendingCall& pending = *found->second;
     if (exception) {
       pending.mpRemote = rebuildChain(d);
@@ -570,6 +581,8 @@ public:
   cAsciiString msReason;
   qsa::cSerializeBinary mOut;
   std::map<unsigned int, cPendingCall*> mPending;
+  // Calls that timed out, whose results are ignored.
+  std::set<unsigned int> mAbandoned;
   unsigned int miNextCall;
   unsigned int miDispatchDepth;
   std::vector<cExported> mExported;
