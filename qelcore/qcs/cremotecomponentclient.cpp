@@ -42,6 +42,8 @@ public:
     mClient.close();
     retire();
     msError = qstd::cAsciiString();
+    // A malformed address throws here, before a session exists.
+    mClient.connectTo(address);
     mpLink.reset(new detail::cRemoteTcpLink(detail::cRemoteSession::Client, mMgr, mOptions, mClient.connection()));
     mpLink->mOnEstablished = [this] {
       mbEstablished = true;
@@ -54,7 +56,6 @@ public:
       mbEstablished = false;
       mOwner.sigDisconnected();
     };
-    mClient.connectTo(address);
   }
 
   cRemoteComponentClient& mOwner;

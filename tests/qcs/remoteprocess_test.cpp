@@ -121,17 +121,23 @@ struct cClientSide : qcstest::cManagerFixture {
     }
     return (mUser.mUse.mpBound != nullptr) == wanted;
   }
+  // Connects `client` to `server` and waits until the user is bound to the
+  // server's component.
+  ::testing::AssertionResult connect(qcs::cRemoteComponentClient& client, cServerProcess& server) {
+    const std::string address = server.address();
+    if (address.empty()) return ::testing::AssertionFailure() << "the server does not listen";
+    client.connect(address.c_str());
+    if (!client.waitConnected(20000)) return ::testing::AssertionFailure() << client.lastError().c_str();
+    if (!bound(true)) return ::testing::AssertionFailure() << "no match";
+    return ::testing::AssertionSuccess();
+  }
 };
 
 TEST(RemoteProcess, CallsResultsAndExceptionsThroughAProxyOfAnotherProcess) {
   cServerProcess server("shared secret");
-  const std::string address = server.address();
-  ASSERT_FALSE(address.empty());
   cClientSide side;
   qcs::cRemoteComponentClient client(side.mMgr, server.options("shared secret"));
-  client.connect(address.c_str());
-  ASSERT_TRUE(client.waitConnected(20000)) << client.lastError().c_str();
-  ASSERT_TRUE(side.bound(true));
+  ASSERT_TRUE(side.connect(client, server));
   qcs::cAbstractComponent* proxy = side.proxy();
   ASSERT_NE(proxy, nullptr);
   EXPECT_FALSE(proxy->isLocal());
@@ -149,15 +155,11 @@ TEST(RemoteProcess, CallsResultsAndExceptionsThroughAProxyOfAnotherProcess) {
 
 TEST(RemoteProcess, ASlowServerTimesOutTheCallAndKeepsTheConnection) {
   cServerProcess server("s");
-  const std::string address = server.address();
-  ASSERT_FALSE(address.empty());
   cClientSide side;
   qcs::cRemoteOptions options = server.options("s");
   options.setCallTimeout(200);
   qcs::cRemoteComponentClient client(side.mMgr, options);
-  client.connect(address.c_str());
-  ASSERT_TRUE(client.waitConnected(20000)) << client.lastError().c_str();
-  ASSERT_TRUE(side.bound(true));
+  ASSERT_TRUE(side.connect(client, server));
   EXPECT_EQ(qcstest::thrown<qcs::cRMIException>([&] { side.mUser.mUse.slow(400); }),
             "Unable to call slot \"slow\" on interface 0! / Remote call failed: timed out!");
   // The late result is dropped; the next call gets its own.
@@ -169,12 +171,8 @@ TEST(RemoteProcess, ASlowServerTimesOutTheCallAndKeepsTheConnection) {
 TEST(RemoteProcess, AServerKilledInTheMiddleOfACallFailsItAndItsProxiesGoUntilItIsBack) {
   cClientSide side;
   std::unique_ptr<cServerProcess> server(new cServerProcess("s"));
-  std::string address = server->address();
-  ASSERT_FALSE(address.empty());
   qcs::cRemoteComponentClient client(side.mMgr, server->options("s"));
-  client.connect(address.c_str());
-  ASSERT_TRUE(client.waitConnected(20000)) << client.lastError().c_str();
-  ASSERT_TRUE(side.bound(true));
+  ASSERT_TRUE(side.connect(client, *server));
 
   qstd::tSharedObject<qpi::cWork> killer = qpi::system().workQueue().createJob();
   qeltest::cJob job;
@@ -191,11 +189,7 @@ TEST(RemoteProcess, AServerKilledInTheMiddleOfACallFailsItAndItsProxiesGoUntilIt
 
   // A new server; connecting again brings the component back.
   server.reset(new cServerProcess("s"));
-  address = server->address();
-  ASSERT_FALSE(address.empty());
-  client.connect(address.c_str());
-  ASSERT_TRUE(client.waitConnected(20000)) << client.lastError().c_str();
-  ASSERT_TRUE(side.bound(true));
+  ASSERT_TRUE(side.connect(client, *server));
   EXPECT_EQ(side.mUser.mUse.add(7), 7);
 }
 

@@ -48,6 +48,8 @@ enum : unsigned int {
   HeaderSize = 4,
   // Timed-out calls whose late results are recognised.
   AbandonedCalls = 256,
+  // Bytes of receive buffer an idle session keeps.
+  IdleBuffer = 16 * 1024,
   // Causes rebuilt from one exception frame; the rest is dropped.
   MaxRemoteChain = 16
 };
@@ -217,6 +219,8 @@ public:
     if (--miFeedDepth == 0 && !mbClosed) {
       mBuffer.erase(mBuffer.begin(), mBuffer.begin() + miRead);
       miRead = 0;
+      // An idle connection keeps no large buffer from a burst or a big frame.
+      if (mBuffer.empty() && mBuffer.capacity() > IdleBuffer) std::vector<char>().swap(mBuffer);
     }
   }
 
@@ -239,6 +243,30 @@ public:
       case FrameSignal: onSignal(d); break;
       default: cQCSExceptions::throwRemoteProtocol("unknown frame type");
     }
+  }
+
+  // What Call and Signal frames address: a component by its key, one of its
+  // interfaces, a slot or signal name, and the archived arguments (viewed
+  // where they lie in the frame).
+  struct cAddressed {
+    unsigned int miKey = 0;
+    unsigned int miIface = 0;
+    cAsciiString msName;
+    const char* mpArgs = nullptr;
+    unsigned int miArgs = 0;
+  };
+  static cAddressed readAddressed(qsa::cDeserializeBinary& d) {
+    cAddressed a;
+    a.miKey << d;
+    a.miIface << d;
+    a.msName << d;
+    unsigned int position = 0;
+    unsigned long long size = 0;
+    d.getNextBlockInfo(position, size);
+    if (position + size > d.limitPos()) cQCSExceptions::throwRemoteProtocol("truncated arguments");
+    a.mpArgs = d.rawData() + position;
+    a.miArgs = static_cast<unsigned int>(size);
+    return a;
   }
 
   static void expectEnd(const qsa::cDeserializeBinary& d) {
@@ -383,18 +411,13 @@ public:
 
   void onCall(qsa::cDeserializeBinary& d) {
     if (meRole != cRemoteSession::Server) cQCSExceptions::throwRemoteProtocol("call to a client");
-    unsigned int id = 0, key = 0, iface = 0;
-    cAsciiString slot;
+    unsigned int id = 0;
     id << d;
-    key << d;
-    iface << d;
-    slot << d;
-    unsigned int position = 0;
-    unsigned long long size = 0;
-    d.getNextBlockInfo(position, size);
-    if (position + size > d.limitPos()) cQCSExceptions::throwRemoteProtocol("truncated arguments");
+    const cAddressed call = readAddressed(d);
+    const unsigned int key = call.miKey, iface = call.miIface;
+    const cAsciiString& slot = call.msName;
     qsa::cDeserializeBinary args;
-    args.setData(d.rawData() + position, static_cast<unsigned int>(size));
+    args.setData(call.mpArgs, call.miArgs);
     if (miDispatchDepth >= mOptions.maxPendingCalls())
       cQCSExceptions::throwRemoteProtocol("too many nested calls");
     qsa::cSerializeBinary results;
@@ -763,21 +786,15 @@ void cRemoteSessionImpl::removeAllProxies() {
 
 void cRemoteSessionImpl::onSignal(qsa::cDeserializeBinary& d) {
   if (meRole != cRemoteSession::Client) cQCSExceptions::throwRemoteProtocol("signal sent to a server");
-  unsigned int key = 0, iface = 0;
-  cAsciiString name;
-  key << d;
-  iface << d;
-  name << d;
-  unsigned int position = 0;
-  unsigned long long size = 0;
-  d.getNextBlockInfo(position, size);
-  if (position + size > d.limitPos()) cQCSExceptions::throwRemoteProtocol("truncated arguments");
+  const cAddressed emission = readAddressed(d);
+  const unsigned int key = emission.miKey, iface = emission.miIface;
+  const cAsciiString& name = emission.msName;
   const auto found = mProxies.find(key);
   if (found == mProxies.end()) return;  // withdrawn meanwhile
   if (iface >= found->second->numInterfaces()) cQCSExceptions::throwRemoteProtocol("signal of an unknown interface");
   qrmi::cPublicSignal& signal = found->second->getInterface(iface).findSignal(name);
   cRemoteSignal* remote = dynamic_cast<cRemoteSignal*>(&signal.signal());
-  if (remote) remote->deliver(d.rawData() + position, static_cast<unsigned int>(size));
+  if (remote) remote->deliver(emission.mpArgs, emission.miArgs);
 }
 
 namespace {
