@@ -3,9 +3,9 @@
 // one at a time, against a ping-pong of the same byte counts over the same
 // TCP connections without the protocol; and one-way signal emissions sent
 // back to back.
-#include <benchmark/benchmark.h>
-
 #include <vector>
+
+#include <benchmark/benchmark.h>
 
 #include "qelcore/pi/clocaleventloop.h"
 #include "qelcore/pi/csystem.h"
@@ -45,7 +45,8 @@ public:
   bool disconnect(const qrmi::cConnectable&) override { return false; }
   void emit(int value) {
     piVoid ignored;
-    for (qrmi::cAbstractSlotCall* c : mCalls) static_cast<qrmi::cAbstractSlotCallN<piVoid, int>*>(c)->invoke(ignored, value);
+    for (qrmi::cAbstractSlotCall* c : mCalls)
+      static_cast<qrmi::cAbstractSlotCallN<piVoid, int>*>(c)->invoke(ignored, value);
   }
 
 protected:

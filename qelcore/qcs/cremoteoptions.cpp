@@ -18,7 +18,11 @@ enum : unsigned int { MaxSecretFile = 4096 };
 }
 
 cRemoteOptions::cRemoteOptions()
-    : miMaxFrameSize(1u << 20), miMaxPendingCalls(64), miCallTimeout(30000), miMaxComponents(1024) {}
+    : miMaxFrameSize(1u << 20),
+      miMaxPendingCalls(64),
+      miCallTimeout(30000),
+      miHandshakeTimeout(10000),
+      miMaxComponents(1024) {}
 
 cRemoteOptions::~cRemoteOptions() {
   if (!msSecret.empty()) detail::wipe(const_cast<char*>(msSecret.c_str()), msSecret.size());

@@ -63,6 +63,10 @@ public:
   /// (default 30000).
   void setCallTimeout(unsigned int milliseconds) { miCallTimeout = milliseconds; }
   unsigned int callTimeout() const { return miCallTimeout; }
+  /// How long a peer may take from connecting to proving the secret, in
+  /// milliseconds (default 10000); then the connection is dropped.
+  void setHandshakeTimeout(unsigned int milliseconds) { miHandshakeTimeout = milliseconds; }
+  unsigned int handshakeTimeout() const { return miHandshakeTimeout; }
   /// Most components one peer may announce (default 1024).
   void setMaxComponents(unsigned int components) { miMaxComponents = components; }
   unsigned int maxComponents() const { return miMaxComponents; }
@@ -72,6 +76,7 @@ private:
   unsigned int miMaxFrameSize;
   unsigned int miMaxPendingCalls;
   unsigned int miCallTimeout;
+  unsigned int miHandshakeTimeout;
   unsigned int miMaxComponents;
 };
 

@@ -1,11 +1,12 @@
 // The shared secret read from a file that only its owner may read.
+#include "qelcore/qcs/cremoteoptions.h"
+
 #include <fstream>
 #include <string>
 
 #include <gtest/gtest.h>
 
 #include "qelcore/pi/cplatform.h"
-#include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/std/cruntimeexception.h"
 
 #include "io/iotestutil.h"
@@ -38,16 +39,18 @@ TEST(RemoteOptions, SecretFilesThatOthersMayReadOrThatHoldNothingAreRefused) {
   qcs::cRemoteOptions options;
   const qucs::cString shared = write(dir, "shared", "x", fs::perms::owner_read | fs::perms::group_read);
   if (qpi::cPlatform::permissionsShowReaders()) {
-    EXPECT_NE(qeltest::thrownText<qstd::cRuntimeException>([&] { options.loadSecretFile(shared); })
-                  .find("group or others may read or change it"),
+    EXPECT_NE(qeltest::thrownText<qstd::cRuntimeException>([&] {
+                options.loadSecretFile(shared);
+              }).find("group or others may read or change it"),
               std::string::npos);
     EXPECT_FALSE(options.hasSecret());
   }
   const qucs::cString empty = write(dir, "empty", "\n", fs::perms::owner_read);
   EXPECT_NE(qeltest::thrownText<qstd::cRuntimeException>([&] { options.loadSecretFile(empty); }).find("empty"),
             std::string::npos);
-  EXPECT_NE(qeltest::thrownText<qstd::cRuntimeException>([&] { options.loadSecretFile((dir / "none").toString()); })
-                .find("not a file"),
+  EXPECT_NE(qeltest::thrownText<qstd::cRuntimeException>([&] {
+              options.loadSecretFile((dir / "none").toString());
+            }).find("not a file"),
             std::string::npos);
   EXPECT_FALSE(options.hasSecret());
 }

@@ -1,6 +1,8 @@
 // The remote protocol engine over memory: two sessions, each with its own
 // module manager, wired back to back. The server exports components, the
 // client gets proxies that the manager matches like local components.
+#include "qelcore/qcs/detail/cremotesession.h"
+
 #include <string>
 #include <vector>
 
@@ -15,7 +17,7 @@
 #include "qelcore/qcs/cqcsexceptions.h"
 #include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/qcs/crmiexception.h"
-#include "qelcore/qcs/detail/cremotesession.h"
+#include "qelcore/qcs/detail/nestedwait.h"
 #include "qelcore/rmi/cpublicsignal.h"
 #include "qelcore/sa/cserializebinary.h"
 
@@ -25,12 +27,12 @@
 namespace {
 
 using qcs::detail::cRemoteSession;
-using qsa::piVoid;
 using qcstest::cCounterApi;
 using qcstest::cManagerFixture;
 using qcstest::cTestComponent;
 using qcstest::cUser;
 using qcstest::pump;
+using qsa::piVoid;
 
 // Hands every byte to the peer at once, or keeps them while held.
 class cPipe : public qcs::detail::cRemoteSink {
@@ -77,7 +79,6 @@ public:
   cFailingUse mUse;
   qcs::cInterfaceDep mDep;
 };
-
 
 // A signal that can be connected by name, as the transport needs: each
 // emission hands its archived argument to every connected public slot.
@@ -135,7 +136,9 @@ public:
     mvTicks.push_back(n);
     return piVoid();
   }
-  void connectInterface(cAbstractInterface& p) override { p.findSignal("tick").signal().connectIndirect(*this, "onTick"); }
+  void connectInterface(cAbstractInterface& p) override {
+    p.findSignal("tick").signal().connectIndirect(*this, "onTick");
+  }
   void disconnectInterface() override {}
   std::vector<int> mvTicks;
 };
@@ -234,8 +237,8 @@ TEST(RemoteSession, ARemoteExceptionArrivesAsCRMIExceptionWithTheRebuiltCause) {
 
 TEST(RemoteSession, EmissionsOfAnExportedSignalReachTheSlotsConnectedToTheProxy) {
   cPair pair;
-  cTickerApi& ticker = static_cast<cTickerApi&>(
-      pair.mpCounter->addInterface(qstd::tAutoPtr<qcs::cAbstractInterface>(new cTickerApi)));
+  cTickerApi& ticker =
+      static_cast<cTickerApi&>(pair.mpCounter->addInterface(qstd::tAutoPtr<qcs::cAbstractInterface>(new cTickerApi)));
   cTickerUser& user = static_cast<cTickerUser&>(pair.mClientSide.mMgr.addComponent(
       qstd::tAutoPtr<qcs::cAbstractComponent>(new cTickerUser(pair.mClientSide.mMgr)), qcs::cComponentAddr()));
   pair.connect();
@@ -290,8 +293,7 @@ std::string archive(unsigned int type, const char* text = nullptr) {
 
 TEST(RemoteSession, BadInputClosesTheConnectionWithAClearReason) {
   // Announcing more than the limit fails before anything is allocated.
-  EXPECT_EQ(closeReasonOf(std::string("\xff\xff\xff\x7f", 4)),
-            "Remote protocol error: frame exceeds the size limit!");
+  EXPECT_EQ(closeReasonOf(std::string("\xff\xff\xff\x7f", 4)), "Remote protocol error: frame exceeds the size limit!");
   EXPECT_EQ(closeReasonOf(std::string(4, '\0')), "Remote protocol error: empty frame!");
   // A partial frame waits for the rest.
   EXPECT_EQ(closeReasonOf(frame(archive(1)).substr(0, 7)), "open");
@@ -301,6 +303,18 @@ TEST(RemoteSession, BadInputClosesTheConnectionWithAClearReason) {
   // A payload that is no archive.
   const std::string reason = closeReasonOf(frame("garbage!"));
   EXPECT_NE(reason.find("Type mismatch"), std::string::npos) << reason;
+}
+
+TEST(RemoteSession, APeerThatNeverCompletesTheHandshakeIsDropped) {
+  cManagerFixture side;
+  qcs::cRemoteOptions options = optionsWith("k");
+  options.setHandshakeTimeout(20);
+  cPipe out;
+  cRemoteSession s(cRemoteSession::Server, side.mMgr, options, out);
+  s.start();
+  EXPECT_TRUE(qcs::detail::waitNested([&] { return s.closed(); }, 5000, "test"));
+  EXPECT_EQ(s.closeReason(), "Remote handshake timed out!");
+  EXPECT_EQ(out.miClosed, 1);
 }
 
 TEST(RemoteSession, TimeoutAndLossFailPendingCallsAndRemoveTheProxies) {

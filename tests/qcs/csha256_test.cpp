@@ -1,10 +1,10 @@
 // SHA-256 and HMAC-SHA-256 against the published test vectors (FIPS 180-4
 // examples, RFC 4231), whole and fed in pieces.
+#include "qelcore/qcs/detail/csha256.h"
+
 #include <string>
 
 #include <gtest/gtest.h>
-
-#include "qelcore/qcs/detail/csha256.h"
 
 namespace {
 

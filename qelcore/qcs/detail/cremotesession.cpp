@@ -2,13 +2,15 @@
 
 #include <cstring>
 #include <map>
-#include <set>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/pi/cplatform.h"
 #include "qelcore/pi/csystem.h"
+#include "qelcore/pi/cwork.h"
+#include "qelcore/pi/cworkqueue.h"
 #include "qelcore/qcs/cabstractcomponent.h"
 #include "qelcore/qcs/cabstractinterface.h"
 #include "qelcore/qcs/ccomponentlocation.h"
@@ -30,6 +32,7 @@
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/std/cstdexceptionfactory.h"
+#include "qelcore/std/tsharedobject.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -125,6 +128,7 @@ public:
     mMgr.sigComponentRemoved.connect(*this, &cRemoteSessionImpl::sltComponentRemoved);
   }
   ~cRemoteSessionImpl() override {
+    stopHandshakeTimer();
     mLink->mpImpl = nullptr;
     shutDown(cAsciiString(), false);
   }
@@ -135,9 +139,9 @@ public:
     if (mbClosed || !mbEstablished) throw cRMIException(where, iface, cRMIException::eCallSlot, slot);
     if (mPending.size() >= mOptions.maxPendingCalls()) {
       cRMIException e(where, iface, cRMIException::eCallSlot, slot);
-      e.link(qstd::cRuntimeException(qucs::cLIMessage("$QTR$Too many pending remote calls (%limit%)!")
-                                         << mOptions.maxPendingCalls(),
-                                     __FILE__, __LINE__));
+      e.link(qstd::cRuntimeException(
+          qucs::cLIMessage("$QTR$Too many pending remote calls (%limit%)!") << mOptions.maxPendingCalls(), __FILE__,
+          __LINE__));
       throw e;
     }
     qsa::cSerializeBinary args;
@@ -205,8 +209,7 @@ public:
         if (avail - HeaderSize < length) break;
         // Handling a frame may wait for a result and take further bytes in
         // meanwhile: the frame leaves the buffer first.
-        std::vector<char> frame(mBuffer.begin() + miRead + HeaderSize,
-                                mBuffer.begin() + miRead + HeaderSize + length);
+        std::vector<char> frame(mBuffer.begin() + miRead + HeaderSize, mBuffer.begin() + miRead + HeaderSize + length);
         miRead += HeaderSize + length;
         handleFrame(frame.data(), length);
         flush();
@@ -233,15 +236,32 @@ public:
     if (mbPeerHello && !mbEstablished && type != FrameAuth)
       cQCSExceptions::throwRemoteProtocol("expected the peer's authentication");
     switch (type) {
-      case FrameHello: onHello(d); break;
-      case FrameAuth: onAuth(d); break;
-      case FrameExport: onExport(d); break;
-      case FrameWithdraw: onWithdraw(d); break;
-      case FrameCall: onCall(d); break;
-      case FrameResult: onResult(d, false); break;
-      case FrameException: onResult(d, true); break;
-      case FrameSignal: onSignal(d); break;
-      default: cQCSExceptions::throwRemoteProtocol("unknown frame type");
+      case FrameHello:
+        onHello(d);
+        break;
+      case FrameAuth:
+        onAuth(d);
+        break;
+      case FrameExport:
+        onExport(d);
+        break;
+      case FrameWithdraw:
+        onWithdraw(d);
+        break;
+      case FrameCall:
+        onCall(d);
+        break;
+      case FrameResult:
+        onResult(d, false);
+        break;
+      case FrameException:
+        onResult(d, true);
+        break;
+      case FrameSignal:
+        onSignal(d);
+        break;
+      default:
+        cQCSExceptions::throwRemoteProtocol("unknown frame type");
     }
   }
 
@@ -290,8 +310,7 @@ public:
     d.loadBlock(nonce);
     if (nonce.size() != NonceSize) cQCSExceptions::throwRemoteProtocol("bad nonce");
     expectEnd(d);
-    if (major != QELCORE_VERSION_MAJOR)
-      QEL_WARNING("Remote peer runs another major version of the library");
+    if (major != QELCORE_VERSION_MAJOR) QEL_WARNING("Remote peer runs another major version of the library");
     mPeerLocation = peer;
     std::memcpy(maPeerNonce, nonce.data(), NonceSize);
     mbPeerHello = true;
@@ -336,6 +355,7 @@ public:
     wipe(expected, sizeof(expected));
     if (!ok) cQCSExceptions::throwRemoteAuthentication();
     mbEstablished = true;
+    stopHandshakeTimer();
     QEL_DEBUG("Remote peer authenticated");
     if (meRole == cRemoteSession::Server)
       for (std::size_t i = 0; i < mExported.size(); ++i) sendExport(*mExported[i].mpComponent);
@@ -418,8 +438,7 @@ public:
     const cAsciiString& slot = call.msName;
     qsa::cDeserializeBinary args;
     args.setData(call.mpArgs, call.miArgs);
-    if (miDispatchDepth >= mOptions.maxPendingCalls())
-      cQCSExceptions::throwRemoteProtocol("too many nested calls");
+    if (miDispatchDepth >= mOptions.maxPendingCalls()) cQCSExceptions::throwRemoteProtocol("too many nested calls");
     qsa::cSerializeBinary results;
     tAutoPtr<cAbstractException> raised;
     tLink link = mLink;
@@ -544,6 +563,12 @@ public:
   void start() {
     if (mbHelloSent || mbClosed) return;
     mbHelloSent = true;
+    // A peer that never completes the handshake does not hold the
+    // connection for ever.
+    mHandshakeTimer = qpi::system().workQueue().createJob();
+    mHandshakeTimer->setName("RemoteHandshakeTimeout");
+    mHandshakeTimer->sigTrigger.connect(*this, &cRemoteSessionImpl::sltHandshakeTimeout);
+    mHandshakeTimer->start(mOptions.handshakeTimeout(), qpi::cWork::SingleTask);
     mOwnLocation = cComponentLocation();
     qsa::cSerializeBinary& s = beginFrame(FrameHello);
     s.store(cAsciiString(kTag));
@@ -554,6 +579,19 @@ public:
     mOwnLocation >> s;
     s.storeBlock(reinterpret_cast<const char*>(maOwnNonce), NonceSize);
     sendFrame();
+  }
+
+  qsa::piVoid sltHandshakeTimeout() {
+    if (!mbEstablished && !mbClosed) {
+      fail(qstd::cRuntimeException(qucs::cLIMessage("$QTR$Remote handshake timed out!"), __FILE__, __LINE__));
+    }
+    return qsa::piVoid();
+  }
+  void stopHandshakeTimer() {
+    if (!mHandshakeTimer.get()) return;
+    mHandshakeTimer->stop();
+    qpi::system().workQueue().removeJob(*mHandshakeTimer);
+    mHandshakeTimer = qstd::tSharedObject<qpi::cWork>();
   }
 
   // ---- ending ----
@@ -568,6 +606,7 @@ public:
     if (mbClosed) return;
     mbClosed = true;
     msReason = reason;
+    stopHandshakeTimer();
     for (auto& p : mPending) {
       p.second->mbDone = true;
       p.second->mbFailed = true;
@@ -603,6 +642,7 @@ public:
   cComponentLocation mPeerLocation;
   cAsciiString msReason;
   qsa::cSerializeBinary mOut;
+  qstd::tSharedObject<qpi::cWork> mHandshakeTimer;
   std::map<unsigned int, cPendingCall*> mPending;
   // Calls that timed out, whose results are ignored.
   std::set<unsigned int> mAbandoned;
@@ -828,9 +868,8 @@ void cRemoteSessionImpl::forwardSignals(cExported& exported) {
     std::unique_ptr<qrmi::cConnectable> forwarder(new qrmi::cConnectable);
     for (qrmi::cPublicSignal* signal : *signals) {
       try {
-        forwarder->registerRemoteSlot(
-            signal->name(),
-            tAutoPtr<qrmi::cAbstractSlotCall>(new cForwardCall(*forwarder, mLink, key, i, signal->name())));
+        forwarder->registerRemoteSlot(signal->name(), tAutoPtr<qrmi::cAbstractSlotCall>(
+                                                          new cForwardCall(*forwarder, mLink, key, i, signal->name())));
         signal->signal().connectIndirect(*forwarder, signal->name());
       } catch (const cAbstractException& e) {
         QEL_DEBUG((cAsciiString("Remote signal not forwarded: ") + describe(e)).c_str());
@@ -861,9 +900,7 @@ void cRemoteSession::start() {
 
 void cRemoteSession::feed(const char* data, std::size_t size) { mpImpl->feed(data, size); }
 
-void cRemoteSession::connectionLost() {
-  mpImpl->shutDown(cAsciiString("connection lost"), false);
-}
+void cRemoteSession::connectionLost() { mpImpl->shutDown(cAsciiString("connection lost"), false); }
 
 void cRemoteSession::close() { mpImpl->shutDown(cAsciiString(), true); }
 
