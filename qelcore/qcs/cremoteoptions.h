@@ -32,8 +32,11 @@ class QEL_EXPORT cRemoteOptions {
 public:
   /// Default limits, no secret yet.
   cRemoteOptions();
+  /// Overwrites the secret's bytes before they are freed.
   ~cRemoteOptions();
+  /// Copies the secret and the limits.
   cRemoteOptions(const cRemoteOptions& other);
+  /// Copies the secret and the limits.
   cRemoteOptions& operator=(const cRemoteOptions& other);
 
   /// Uses `size` bytes at `data` as the shared secret. An empty secret is
@@ -54,21 +57,26 @@ public:
   /// announcing a longer one is disconnected before anything is allocated
   /// for it.
   void setMaxFrameSize(unsigned int bytes) { miMaxFrameSize = bytes; }
+  /// The frame size limit in bytes.
   unsigned int maxFrameSize() const { return miMaxFrameSize; }
   /// Most calls that may wait for their results on one connection (default
   /// 64); one more fails at once with cRMIException.
   void setMaxPendingCalls(unsigned int calls) { miMaxPendingCalls = calls; }
+  /// The limit of waiting calls per connection.
   unsigned int maxPendingCalls() const { return miMaxPendingCalls; }
   /// How long a remote slot call waits for its result, in milliseconds
   /// (default 30000).
   void setCallTimeout(unsigned int milliseconds) { miCallTimeout = milliseconds; }
+  /// The call timeout in milliseconds.
   unsigned int callTimeout() const { return miCallTimeout; }
   /// How long a peer may take from connecting to proving the secret, in
   /// milliseconds (default 10000); then the connection is dropped.
   void setHandshakeTimeout(unsigned int milliseconds) { miHandshakeTimeout = milliseconds; }
+  /// The handshake timeout in milliseconds.
   unsigned int handshakeTimeout() const { return miHandshakeTimeout; }
   /// Most components one peer may announce (default 1024).
   void setMaxComponents(unsigned int components) { miMaxComponents = components; }
+  /// The limit of components per peer.
   unsigned int maxComponents() const { return miMaxComponents; }
 
 private:
