@@ -3,6 +3,8 @@
 // one at a time, against a ping-pong of the same byte counts over the same
 // TCP connections without the protocol; and one-way signal emissions sent
 // back to back.
+#include <memory>
+#include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>

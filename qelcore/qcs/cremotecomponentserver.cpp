@@ -13,7 +13,6 @@
 #include "qelcore/qcs/detail/cremotetcplink.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/cstdexceptions.h"
-#include "qelcore/std/tsharedobject.h"
 
 namespace qcs {
 
@@ -26,16 +25,16 @@ public:
   };
 
   cRemoteComponentServerImpl(cModuleMgr& mgr, const cRemoteOptions& options)
-      : mMgr(mgr), mOptions(options), mPurge(qpi::system().workQueue().createJob()) {
+      : mMgr(mgr), mOptions(options) {
     QEL_ASSERT(options.hasSecret(), "qcs/cremotecomponentserver");
     mServer.sigAccepted.connect(*this, &cRemoteComponentServerImpl::sltAccepted);
     mMgr.sigComponentRemoved.connect(*this, &cRemoteComponentServerImpl::sltComponentRemoved);
-    mPurge->setName("RemoteServerPurge");
-    mPurge->sigTrigger.connect(*this, &cRemoteComponentServerImpl::sltPurge);
+    mPurge.setName("RemoteServerPurge");
+    mPurge.sigTrigger.connect(*this, &cRemoteComponentServerImpl::sltPurge);
+    qpi::system().workQueue().addJob(mPurge);
   }
   ~cRemoteComponentServerImpl() override {
-    mPurge->stop();
-    qpi::system().workQueue().removeJob(*mPurge);
+    qpi::system().workQueue().removeJob(mPurge);
     dropAll();
   }
 
@@ -48,7 +47,7 @@ public:
     cClient* raw = client.get();
     client->mpLink->mOnEstablished = [raw] { raw->mbEstablished = true; };
     // A closed link is dropped later: it may be on the stack right now.
-    client->mpLink->mOnClosed = [this] { mPurge->start(0, qpi::cWork::SingleTask); };
+    client->mpLink->mOnClosed = [this] { mPurge.start(0, qpi::cWork::SingleTask); };
     for (cAbstractComponent* c : mExported) client->mpLink->session().exportComponent(*c);
     mClients.push_back(std::move(client));
     return qsa::piVoid();
@@ -81,7 +80,7 @@ public:
   qce::cNetAbstractServer mServer;
   std::vector<cAbstractComponent*> mExported;
   std::vector<std::unique_ptr<cClient>> mClients;
-  qstd::tSharedObject<qpi::cWork> mPurge;
+  qpi::cWork mPurge;
 };
 
 cRemoteComponentServer::cRemoteComponentServer(cModuleMgr& mgr, const cRemoteOptions& options)

@@ -244,6 +244,9 @@ TEST(RemoteSession, EmissionsOfAnExportedSignalReachTheSlotsConnectedToTheProxy)
   pair.connect();
   ticker.sigTick.emit(1);
   ticker.sigTick.emit(2);
+  // Emissions leave together when the queue gets to them.
+  EXPECT_TRUE(user.mUse.mvTicks.empty());
+  EXPECT_TRUE(qcs::detail::waitNested([&] { return user.mUse.mvTicks.size() == 2; }, 5000, "test"));
   EXPECT_EQ(user.mUse.mvTicks, (std::vector<int>{1, 2}));
   // A receiver that goes stops receiving; the others are not affected.
   pair.mClientSide.mMgr.removeAllComponentsNow();

@@ -32,7 +32,6 @@
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/std/cstdexceptionfactory.h"
-#include "qelcore/std/tsharedobject.h"
 #include "qelcore/ucs/climessage.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -125,10 +124,17 @@ public:
     QEL_ASSERT(options.hasSecret(), "qcs/cremotesession");
     mLink->mpImpl = this;
     qpi::cPlatform::randomBytes(maOwnNonce, NonceSize);
+    mHandshakeTimer.setName("RemoteHandshakeTimeout");
+    mHandshakeTimer.sigTrigger.connect(*this, &cRemoteSessionImpl::sltHandshakeTimeout);
+    mFlushWork.setName("RemoteSignalFlush");
+    mFlushWork.sigTrigger.connect(*this, &cRemoteSessionImpl::sltFlush);
+    qpi::system().workQueue().addJob(mHandshakeTimer);
+    qpi::system().workQueue().addJob(mFlushWork);
     mMgr.sigComponentRemoved.connect(*this, &cRemoteSessionImpl::sltComponentRemoved);
   }
   ~cRemoteSessionImpl() override {
-    stopHandshakeTimer();
+    qpi::system().workQueue().removeJob(mHandshakeTimer);
+    qpi::system().workQueue().removeJob(mFlushWork);
     mLink->mpImpl = nullptr;
     shutDown(cAsciiString(), false);
   }
@@ -420,7 +426,13 @@ public:
     const qstd::tArrayRef<char> bytes = args.data();
     s.storeBlock(bytes.data(), bytes.size());
     sendFrame();
+    // Emissions in a row leave in one send, when the queue gets to it; a
+    // call made meanwhile takes them along, in order.
+    if (!mFlushWork.isStarted()) mFlushWork.start(0, qpi::cWork::SingleTask);
+  }
+  qsa::piVoid sltFlush() {
     flush();
+    return qsa::piVoid();
   }
 
   cAbstractComponent& exported(unsigned int key) const {
@@ -565,10 +577,7 @@ public:
     mbHelloSent = true;
     // A peer that never completes the handshake does not hold the
     // connection for ever.
-    mHandshakeTimer = qpi::system().workQueue().createJob();
-    mHandshakeTimer->setName("RemoteHandshakeTimeout");
-    mHandshakeTimer->sigTrigger.connect(*this, &cRemoteSessionImpl::sltHandshakeTimeout);
-    mHandshakeTimer->start(mOptions.handshakeTimeout(), qpi::cWork::SingleTask);
+    mHandshakeTimer.start(mOptions.handshakeTimeout(), qpi::cWork::SingleTask);
     mOwnLocation = cComponentLocation();
     qsa::cSerializeBinary& s = beginFrame(FrameHello);
     s.store(cAsciiString(kTag));
@@ -587,12 +596,7 @@ public:
     }
     return qsa::piVoid();
   }
-  void stopHandshakeTimer() {
-    if (!mHandshakeTimer.get()) return;
-    mHandshakeTimer->stop();
-    qpi::system().workQueue().removeJob(*mHandshakeTimer);
-    mHandshakeTimer = qstd::tSharedObject<qpi::cWork>();
-  }
+  void stopHandshakeTimer() { mHandshakeTimer.stop(); }
 
   // ---- ending ----
   void fail(const cAbstractException& e) {
@@ -642,7 +646,9 @@ public:
   cComponentLocation mPeerLocation;
   cAsciiString msReason;
   qsa::cSerializeBinary mOut;
-  qstd::tSharedObject<qpi::cWork> mHandshakeTimer;
+  qpi::cWork mHandshakeTimer;
+  // Sends the frames of signal emissions.
+  qpi::cWork mFlushWork;
   std::map<unsigned int, cPendingCall*> mPending;
   // Calls that timed out, whose results are ignored.
   std::set<unsigned int> mAbandoned;
