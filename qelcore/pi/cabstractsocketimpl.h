@@ -38,8 +38,11 @@ public:
   /// Room for any socket address of the platform (sockaddr_storage).
   enum : unsigned int { MaxSockAddrSize = 128 };
 
+  /// A socket that is not open yet.
   cAbstractSocketImpl() {}
+  /// Not copyable: one operating-system object.
   cAbstractSocketImpl(const cAbstractSocketImpl&) = delete;
+  /// Not assignable.
   cAbstractSocketImpl& operator=(const cAbstractSocketImpl&) = delete;
   /// Closes the socket when it is still open (abortively if data is unsent).
   virtual ~cAbstractSocketImpl();
@@ -75,6 +78,7 @@ public:
   /// The local and the peer's socket address, written to `buffer`; returns
   /// the size written, 0 when unknown or `size` is too small.
   virtual unsigned int localAddress(void* buffer, unsigned int size) const = 0;
+  /// The same for the peer's address.
   virtual unsigned int peerAddress(void* buffer, unsigned int size) const = 0;
 
   /// Ends the sending direction: the peer reads the end of the stream once it

@@ -74,6 +74,28 @@ TEST(AIOProcessEvents, AReadableSocketMakesItsWorkDue) {
   EXPECT_TRUE(w->isStarted()) << "an I/O work waits for its next event";
 }
 
+TEST(AIOProcessEvents, ADescriptorNumberReusedByANewSocketIsWatchedAgain) {
+  cAIOQueue q;
+  cJob reader, tick;
+  qstd::tSharedObject<cWork> t = qeltest::makeJob(q, tick, "tick");
+  t->start(5, cWork::Periodic);
+  qstd::tSharedObject<cWork> w = qeltest::makeJob(q, reader, "reader");
+  qstd::tAutoPtr<qeltest::cSocketPair> pair(new qeltest::cSocketPair);
+  const int fd = pair->readEnd();
+  watchRead(*w, fd);
+  while (tick.calls < 2) q.process();  // the descriptor is watched now
+  // Closed and opened again between two waits: the same number, the same wish.
+  pair.reset();
+  pair.reset(new qeltest::cSocketPair);
+  if (pair->readEnd() != fd) GTEST_SKIP() << "the system gave the new socket another number";
+  watchRead(*w, fd);
+  reader.body = [&] { pair->receive(); };
+  pair->send('x');
+  const qstd::cTime start;
+  while (reader.calls == 0 && start.diff().toSec() < 5) q.process();
+  EXPECT_EQ(reader.calls, 1);
+}
+
 TEST(AIOProcessEvents, TimedWorksBoundTheWait) {
   cAIOQueue q;
   qeltest::cSocketPair pair;

@@ -10,6 +10,11 @@
 
 #include <gtest/gtest.h>
 
+#include "qelcore/pi/cabstractprocessevents.h"
+#include "qelcore/pi/cabstractsocketimpl.h"
+#include "qelcore/pi/cpiexceptions.h"
+#include "qelcore/pi/cplatform.h"
+#include "qelcore/pi/csystem.h"
 #include "qelcore/qce/net++/cnetabstractaddress.h"
 #include "qelcore/qce/net++/cnetabstractclient.h"
 #include "qelcore/std/coserrorexception.h"
@@ -41,6 +46,24 @@ TEST(NetServer, ListensOnTheLoopbackAtAFreePortByDefault) {
   EXPECT_FALSE(server.isListening());
 }
 
+TEST(NetServer, RunsOnTheSystemsMainQueueByDefault) {
+  {
+    // The main queue gets an event processor that waits on sockets.
+    cNetAbstractServer server;
+    EXPECT_TRUE(qpi::system().workQueue().events()->supportsAIO());
+    cPeers peers(server);
+    server.listen();
+    cNetAbstractClient client;
+    cRecorder recorder;
+    recorder.watch(client.connection());
+    client.connectTo(*server.localAddress());
+    client.connection().send("main", 4);
+    for (int i = 0; i < 1000 && recorder.data != "main"; ++i) qpi::system().exec();
+    EXPECT_EQ(recorder.data, "main");
+  }
+  qpi::cSystem::cleanup();
+}
+
 TEST(NetServer, ClosesAConnectionThatNobodyTakes) {
   cNetQueue net;
   cNetAbstractServer server(&net.queue);
@@ -57,6 +80,70 @@ TEST(NetServer, ClosesAConnectionThatNobodyTakes) {
   ASSERT_TRUE(net.runUntil([&] { return recorder.count("closed") == 1; }));
   EXPECT_EQ(offered, 1);
   EXPECT_EQ(recorder.story(), "connected closed");
+}
+
+namespace {
+
+// The platform's socket, whose first accept() fails as when the process has
+// run out of descriptors.
+class cFailingAcceptImpl : public qpi::cAbstractSocketImpl {
+public:
+  cFailingAcceptImpl() : mpReal(qpi::cPlatform::createSocketImpl()), mbFailed(false) {}
+  int handle() const override { return mpReal->handle(); }
+  bool connect(const void* sa, unsigned int size) override { return mpReal->connect(sa, size); }
+  int connectError() override { return mpReal->connectError(); }
+  void listen(const void* sa, unsigned int size, int backlog) override { mpReal->listen(sa, size, backlog); }
+  qstd::tAutoPtr<qpi::cAbstractSocketImpl> accept() override {
+    if (!mbFailed) {
+      mbFailed = true;
+      qpi::cPIExceptions::throwSocketError("accept", 24, __FILE__, __LINE__);
+    }
+    return mpReal->accept();
+  }
+  long send(const char* data, std::size_t size, int& error) override { return mpReal->send(data, size, error); }
+  long receive(char* buffer, std::size_t size, int& error) override { return mpReal->receive(buffer, size, error); }
+  unsigned int localAddress(void* buffer, unsigned int size) const override {
+    return mpReal->localAddress(buffer, size);
+  }
+  unsigned int peerAddress(void* buffer, unsigned int size) const override { return mpReal->peerAddress(buffer, size); }
+  void shutdownSend() override { mpReal->shutdownSend(); }
+  void close() override { mpReal->close(); }
+
+private:
+  qstd::tAutoPtr<qpi::cAbstractSocketImpl> mpReal;
+  bool mbFailed;
+};
+
+class cFailingServer : public cNetAbstractServer {
+public:
+  using cNetAbstractServer::cNetAbstractServer;
+
+protected:
+  qstd::tAutoPtr<qpi::cAbstractSocketImpl> createSocketImpl() const override {
+    return qstd::tAutoPtr<qpi::cAbstractSocketImpl>(new cFailingAcceptImpl);
+  }
+};
+
+}  // namespace
+
+TEST(NetServer, ReportsAFailedAcceptAndTriesAgainAfterAPause) {
+  cNetQueue net;
+  cFailingServer server(&net.queue);
+  cPeers peers(server);
+  int errors = 0;
+  server.sigError.connect(peers, [&errors](cNetAbstractServer&, const qstd::cAbstractException& e) {
+    ++errors;
+    EXPECT_EQ(qeltest::textOf(e), "OS-Error while trying operation \"accept\"!");
+  });
+  server.listen();
+  cNetAbstractClient client(&net.queue);
+  client.connectTo(*server.localAddress());
+  ASSERT_TRUE(net.runUntil([&] { return errors == 1; }));
+  // The connection waits in the system meanwhile, and is taken after the pause.
+  net.runFor(50);
+  EXPECT_TRUE(peers.connections.empty());
+  ASSERT_TRUE(net.runUntil([&] { return !peers.connections.empty(); }));
+  EXPECT_EQ(errors, 1);
 }
 
 TEST(NetServer, AcceptedConnectionsOutliveTheirServer) {
@@ -84,10 +171,12 @@ TEST(NetServer, SocketsQueuesAndReceiversDieInAnyOrder) {
     cNetAbstractClient client(&net->queue);
     client.connectTo(*server.localAddress());
     ASSERT_TRUE(net->runUntil([&] { return !peers.connections.empty() && client.isConnected(); }));
+    const qstd::tAutoPtr<qce::cNetAbstractAddress> at = server.localAddress();
     net.reset();
     client.connection().send("lost", 4);
     peers.connections.front()->close();
     client.close();
+    client.connectTo(*at);  // a new socket, never to be watched
     server.close();
   }
   // The receiver first: the connection goes on without it.
@@ -107,7 +196,7 @@ TEST(NetServer, SocketsQueuesAndReceiversDieInAnyOrder) {
     accepted->send("nobody listens", 14);
     net.runFor(20);
     EXPECT_EQ(client.connection().receivedSize(), 14u);  // kept, as nobody consumed it
-    // The server dies before its queue's next pass would have run it.
+    // A peer still connecting when everything goes.
     cNetAbstractClient late(&net.queue);
     late.connectTo(*server.localAddress());
     net.runFor(5);

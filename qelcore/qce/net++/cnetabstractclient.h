@@ -42,7 +42,9 @@ public:
   /// A client whose connection runs on `queue` (the system's main queue when
   /// null; see cNetAbstractSocket::prepareQueue()).
   explicit cNetAbstractClient(qpi::cWorkQueue* queue = nullptr);
+  /// Not copyable.
   cNetAbstractClient(const cNetAbstractClient&) = delete;
+  /// Not assignable.
   cNetAbstractClient& operator=(const cNetAbstractClient&) = delete;
   /// Destroys the connection (unsent bytes are dropped; nothing is emitted).
   ~cNetAbstractClient() override;
@@ -59,6 +61,7 @@ public:
 
   /// The connection; the same object for the client's whole life.
   cNetAbstractConnection& connection();
+  /// The connection, read-only.
   const cNetAbstractConnection& connection() const;
   /// connection().isConnected().
   bool isConnected() const;

@@ -41,12 +41,14 @@
 // - sigClosed: the connection is over, once per connection: the peer ended
 //   the stream (after the last sigData), an error ended it, a connect failed,
 //   or close() was called (emitted from inside close()).
-// A receiver may close or destroy the connection from inside any signal.
+// A receiver may close or destroy the connection from inside any signal
+// (destroying a signal during its own emission writes a diagnostic line to
+// the debug output; it is safe).
 //
 // Ownership: a client owns its connection; an accepted connection belongs to
 // whoever took it from sigAccepted. Destroying a connection drops unsent
 // bytes; close() first and keep the object until pendingSendBytes() is 0 for
-// a graceful end.
+// a graceful end (isOpen() turns false once the peer has ended too).
 #ifndef QELCORE_QCE_NET_CNETABSTRACTCONNECTION_H
 #define QELCORE_QCE_NET_CNETABSTRACTCONNECTION_H
 
@@ -100,6 +102,7 @@ public:
   /// Emitted with what failed; sigClosed follows.
   qrmi::localSignal2<qsa::piVoid, cNetAbstractConnection&, const qstd::cAbstractException&> sigError;
 
+  /// Where the connection stands now.
   State state() const;
   /// state() == Connected.
   bool isConnected() const;
@@ -107,6 +110,7 @@ public:
   /// The unconsumed received bytes; valid until the next consume(), read()
   /// or return to the queue.
   const char* receivedData() const;
+  /// How many unconsumed received bytes receivedData() points to.
   std::size_t receivedSize() const;
   /// Drops the first `count` received bytes. Bug exception when `count` is
   /// more than receivedSize().
@@ -116,6 +120,7 @@ public:
   std::size_t read(char* buffer, std::size_t size);
   /// Unconsumed bytes at which reading pauses; 4 MiB by default. At least 1.
   void setReceiveLimit(std::size_t bytes);
+  /// See setReceiveLimit().
   std::size_t receiveLimit() const;
 
   /// Sends `size` bytes: what the system does not take now is kept and sent
@@ -128,11 +133,13 @@ public:
   /// Bytes given to send() that the system has not taken yet.
   std::size_t pendingSendBytes() const;
 
-  /// Ends the connection gracefully: nothing more is read or accepted for
-  /// sending, the pending bytes are still sent (while this object lives), then
-  /// the socket is shut down and closed. Emits sigClosed (from inside this
-  /// call) when the connection was connecting or connected; does nothing when
-  /// it is closed already.
+  /// Ends the connection gracefully: nothing more is delivered or accepted
+  /// for sending; the pending bytes are still sent (while this object
+  /// lives), then the sending direction is shut down, and the socket closes
+  /// once the peer has ended its side too (what it sends meanwhile is read
+  /// and dropped). A connect in progress is dropped at once. Emits sigClosed
+  /// (from inside this call) when the connection was connecting or
+  /// connected; does nothing when it is closed already.
   void close();
 
   /// The peer's address, in the type of its family (see localAddress()).
@@ -147,6 +154,7 @@ protected:
   /// A closed connection on `queue` (the system's main queue when null).
   explicit cNetAbstractConnection(qpi::cWorkQueue* queue);
 
+  /// Connects, sends what is pending and receives, as the socket allows.
   void ready(unsigned int events) override;
 
 private:

@@ -1,6 +1,9 @@
 #include "qelcore/qce/net++/cnetabstractserver.h"
 
 #include "qelcore/pi/cabstractsocketimpl.h"
+#include "qelcore/pi/csystem.h"
+#include "qelcore/pi/cwork.h"
+#include "qelcore/pi/cworkqueue.h"
 #include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/pi/tfdinfo.h"
 #include "qelcore/qce/detail/netsockaddr.h"
@@ -17,6 +20,8 @@ namespace {
 
 // Peers the system keeps waiting before it refuses more.
 const int kBacklog = 128;
+// How long accepting rests after a failure.
+const unsigned int kPauseMs = 100;
 
 // An accepted connection: constructible here.
 class cAcceptedConnection : public cNetAbstractConnection {
@@ -27,11 +32,12 @@ public:
 }  // namespace
 
 cNetAbstractServer::cNetAbstractServer(qpi::cWorkQueue* queue)
-    : cNetAbstractSocket(queue), mpQueue(queue), miAcceptBatch(16) {
+    : cNetAbstractSocket(queue), mpQueue(queue ? queue : &qpi::system().workQueue()), miAcceptBatch(16) {
   sigAccepted.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigError.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
 }
 
+// A pause still in the queue runs once more with nothing connected and goes.
 cNetAbstractServer::~cNetAbstractServer() {}
 
 void cNetAbstractServer::listen(unsigned int port) { listen(cNetIPv4Address(127u | 1u << 24, port)); }
@@ -57,7 +63,15 @@ unsigned int cNetAbstractServer::port() const {
   return detail::portOf(sockAddr, impl()->localAddress(sockAddr, sizeof sockAddr));
 }
 
-void cNetAbstractServer::close() { detach(); }
+void cNetAbstractServer::close() {
+  if (mPause) mPause->stop();
+  detach();
+}
+
+qsa::piVoid cNetAbstractServer::sltResume() {
+  if (impl()) watch(qpi::tFdInfo::Read);
+  return qsa::piVoid();
+}
 
 void cNetAbstractServer::setAcceptBatch(unsigned int count) { miAcceptBatch = count ? count : 1; }
 
@@ -69,6 +83,14 @@ void cNetAbstractServer::ready(unsigned int) {
       accepted = impl()->accept();
     } catch (const qstd::cAbstractException& e) {
       sigError(*this, e);
+      if (alive.gone() || !impl()) return;
+      watch(0);
+      if (!mPause) {
+        mPause = mpQueue->createJob();
+        mPause->setName("NetAcceptPause");
+        mPause->sigTrigger.connect(*this, &cNetAbstractServer::sltResume);
+      }
+      mPause->start(kPauseMs, qpi::cWork::SingleTask);
       return;
     }
     if (!accepted) return;

@@ -33,10 +33,15 @@
 #include "qelcore/sa/pitypes.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/tautoptr.h"
+#include "qelcore/std/tsharedobject.h"
 
 namespace qstd {
 class cAsciiString;
 }  // namespace qstd
+
+namespace qpi {
+class cWork;
+}
 
 namespace qce {
 
@@ -55,7 +60,9 @@ public:
   /// tAutoPtr to own it (see the file comment).
   qrmi::localSignal2<qsa::piVoid, cNetAbstractServer&, qstd::tAutoPtr<cNetAbstractConnection>&> sigAccepted;
   /// Emitted when accepting fails for a reason that does not pass by itself
-  /// (for instance, too many open files); the server keeps listening.
+  /// (for instance, too many open files). The server keeps listening and
+  /// tries again after a pause of 100 ms, so that a failure that lasts does
+  /// not keep the queue busy.
   qrmi::localSignal2<qsa::piVoid, cNetAbstractServer&, const qstd::cAbstractException&> sigError;
 
   /// Listens on 127.0.0.1 at `port` (0: a free port).
@@ -84,13 +91,18 @@ public:
   void setAcceptBatch(unsigned int count);
 
 protected:
+  /// Accepts the waiting peers (up to the accept batch).
   void ready(unsigned int events) override;
 
 private:
-  // The queue given to the constructor, for the accepted connections; used
-  // only from that queue's own pass.
+  qsa::piVoid sltResume();
+
+  // The queue the server runs on, for the accepted connections and the
+  // pause after a failure; used only from that queue's own pass.
   qpi::cWorkQueue* mpQueue;
   unsigned int miAcceptBatch;
+  // The pause after a failed accept, while it runs.
+  qstd::tSharedObject<qpi::cWork> mPause;
 };
 
 }  // namespace qce

@@ -59,7 +59,9 @@ class cNetAbstractAddress;
 /// file comment).
 class QEL_EXPORT cNetAbstractSocket : public qrmi::cConnectable {
 public:
+  /// Not copyable: a socket is one operating-system object.
   cNetAbstractSocket(const cNetAbstractSocket&) = delete;
+  /// Not assignable.
   cNetAbstractSocket& operator=(const cNetAbstractSocket&) = delete;
   /// Closes the operating-system socket at once (unsent data is dropped) and
   /// leaves the queue. Never throws.

@@ -29,6 +29,15 @@ void setNoDelay(int fd) {
   ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
+// getsockname() or getpeername() into `buffer`; 0 when it fails or does not fit.
+unsigned int nameOf(int (*query)(int, sockaddr*, socklen_t*), int fd, void* buffer, unsigned int size) {
+  sockaddr_storage sa;
+  socklen_t length = sizeof sa;
+  if (fd < 0 || query(fd, reinterpret_cast<sockaddr*>(&sa), &length) != 0 || length > size) return 0;
+  memcpy(buffer, &sa, length);
+  return length;
+}
+
 }  // namespace
 
 cPosixSocketImpl::~cPosixSocketImpl() { close(); }
@@ -113,19 +122,11 @@ long cPosixSocketImpl::receive(char* buffer, std::size_t size, int& error) {
 }
 
 unsigned int cPosixSocketImpl::localAddress(void* buffer, unsigned int size) const {
-  sockaddr_storage sa;
-  socklen_t length = sizeof sa;
-  if (miFd < 0 || ::getsockname(miFd, reinterpret_cast<sockaddr*>(&sa), &length) != 0 || length > size) return 0;
-  memcpy(buffer, &sa, length);
-  return length;
+  return nameOf(::getsockname, miFd, buffer, size);
 }
 
 unsigned int cPosixSocketImpl::peerAddress(void* buffer, unsigned int size) const {
-  sockaddr_storage sa;
-  socklen_t length = sizeof sa;
-  if (miFd < 0 || ::getpeername(miFd, reinterpret_cast<sockaddr*>(&sa), &length) != 0 || length > size) return 0;
-  memcpy(buffer, &sa, length);
-  return length;
+  return nameOf(::getpeername, miFd, buffer, size);
 }
 
 void cPosixSocketImpl::shutdownSend() {

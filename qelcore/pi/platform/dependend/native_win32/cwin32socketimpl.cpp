@@ -34,6 +34,17 @@ bool startWinsock() {
   return ::WSAStartup(MAKEWORD(2, 2), &data) == 0;
 }
 
+// getsockname() or getpeername() into `buffer`; 0 when it fails or does not fit.
+unsigned int nameOf(int(WSAAPI* query)(SOCKET, sockaddr*, int*), SOCKET s, void* buffer, unsigned int size) {
+  sockaddr_storage sa;
+  int length = sizeof sa;
+  if (s == INVALID_SOCKET || query(s, reinterpret_cast<sockaddr*>(&sa), &length) != 0 ||
+      static_cast<unsigned int>(length) > size)
+    return 0;
+  std::memcpy(buffer, &sa, static_cast<std::size_t>(length));
+  return static_cast<unsigned int>(length);
+}
+
 }  // namespace
 
 cWin32SocketImpl::cWin32SocketImpl() : mbStarted(startWinsock()), mSocket(INVALID_SOCKET) {}
@@ -128,23 +139,11 @@ long cWin32SocketImpl::receive(char* buffer, std::size_t size, int& error) {
 }
 
 unsigned int cWin32SocketImpl::localAddress(void* buffer, unsigned int size) const {
-  sockaddr_storage sa;
-  int length = sizeof sa;
-  if (mSocket == INVALID_SOCKET || ::getsockname(mSocket, reinterpret_cast<sockaddr*>(&sa), &length) != 0 ||
-      static_cast<unsigned int>(length) > size)
-    return 0;
-  std::memcpy(buffer, &sa, static_cast<std::size_t>(length));
-  return static_cast<unsigned int>(length);
+  return nameOf(::getsockname, mSocket, buffer, size);
 }
 
 unsigned int cWin32SocketImpl::peerAddress(void* buffer, unsigned int size) const {
-  sockaddr_storage sa;
-  int length = sizeof sa;
-  if (mSocket == INVALID_SOCKET || ::getpeername(mSocket, reinterpret_cast<sockaddr*>(&sa), &length) != 0 ||
-      static_cast<unsigned int>(length) > size)
-    return 0;
-  std::memcpy(buffer, &sa, static_cast<std::size_t>(length));
-  return static_cast<unsigned int>(length);
+  return nameOf(::getpeername, mSocket, buffer, size);
 }
 
 void cWin32SocketImpl::shutdownSend() {
