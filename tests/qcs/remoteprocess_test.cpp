@@ -56,14 +56,6 @@ public:
   qcs::cInterfaceDep mDep;
 };
 
-std::string nativeText(const fs::path& p) {
-#ifdef _WIN32
-  return "Z:" + p.generic_string();
-#else
-  return p.string();
-#endif
-}
-
 // A server process with its own secret and port files.
 class cServerProcess {
 public:
@@ -76,7 +68,7 @@ public:
     std::ofstream(mDir / "secret") << secret;
     fs::permissions(mDir / "secret", fs::perms::owner_read | fs::perms::owner_write);
     mpChild.reset(new qeltest::cChildProcess(std::string(QELTEST_PROGRAM_DIR) + "/qelcore_remoteserver",
-                                             {nativeText(mDir / "secret"), nativeText(mDir / "port")}));
+                                             {(mDir / "secret").string(), (mDir / "port").string()}));
   }
   ~cServerProcess() {
     mpChild.reset();
