@@ -53,6 +53,7 @@
 #include "qelcore/std/tsharedobject.h"
 #include "qelcore/std/tsharedobjectdata.h"
 #include "qelcore/std/tsimplevector.h"
+#include "qelcore/std/tsmallvector.h"
 #include "qelcore/std/tstack.h"
 #include "qelcore/std/ttokenizer.h"
 #include "qelcore/std/tvector.h"

@@ -15,6 +15,8 @@ void cAbstractProcessEvents::poll() {}
 
 void cAbstractProcessEvents::wakeUpFromAnyThread() {}
 
+bool cAbstractProcessEvents::waitsWhenIdle() const { return false; }
+
 cFDAIOData* cAbstractProcessEvents::waitingFDData(const qstd::tSharedObject<cWork>& entry) {
   cWork* w = entry.get();
   if (!w || !w->isStarted() || w->type() != cWork::AsyncIO || !w->hasAIOData()) return nullptr;

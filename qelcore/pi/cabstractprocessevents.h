@@ -5,6 +5,10 @@
 //   qpi::cWorkQueue queue;
 //   queue.setEvents(qpi::cPlatform::createProcessEvents());
 //
+// An idle queue (no started work) waits only in a processor that says so
+// (waitsWhenIdle(): the I/O processor of cPlatform::createAIOProcessEvents()
+// does); with the others process() returns at once and a loop over it spins.
+//
 // Processors run on the queue's thread. wakeUp() is called from that thread
 // (by work changes inside a nested local loop); wakeUpFromAnyThread() is the
 // one operation another thread may call, to cut a wait short after handing a
@@ -46,6 +50,12 @@ public:
   // Thread-safe wake-up. Does nothing here: processors that cannot be woken
   // from another thread see handed-over works at their next pass.
   virtual void wakeUpFromAnyThread();
+  /// Whether the queue may wait here when a pass leaves nothing timed and
+  /// nothing asynchronous. Such a processor is handed the longest wait and
+  /// must end it on wakeUp(), on wakeUpFromAnyThread() and on its own
+  /// events. false here: an idle queue does not wait in the processor, and
+  /// process() returns at once.
+  virtual bool waitsWhenIdle() const;
 
   // Emitted when a wait is over.
   qrmi::localSignal0<qsa::piVoid> sigFinished;

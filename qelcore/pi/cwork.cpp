@@ -1,5 +1,8 @@
 #include "qelcore/pi/cwork.h"
 
+#include <cstring>
+#include <new>
+
 #include "qelcore/pi/cabstractaiodata.h"
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/pi/cpiexceptions.h"
@@ -26,10 +29,12 @@ cWork::cWork()
       mbForceKeep(false),
       mpAIOData(nullptr),
       mpActionError(nullptr),
+      mpName(nullptr),
       mStat(gDebugAllWorks),
       miAmuck(0),
       mbDelegate(true),
       mpRuns(nullptr) {
+  macShortName[0] = '\0';
   sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigDestroyed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
@@ -44,6 +49,37 @@ cWork::~cWork() {
   }
   delete mpActionError;
   delete mpAIOData;
+  delete mpName;
+}
+
+void cWork::setName(const qstd::cAsciiString& name) {
+  if (mpName)
+    *mpName = name;
+  else
+    mpName = new qstd::cAsciiString(name);
+}
+
+void cWork::setName(const char* name) {
+  if (!name) name = "";
+  const std::size_t length = std::strlen(name);
+  if (mpName)
+    *mpName = name;
+  else if (length < kShortName)
+    std::memcpy(macShortName, name, length + 1);
+  else
+    mpName = new qstd::cAsciiString(name, static_cast<unsigned int>(length));
+}
+
+const qstd::cAsciiString& cWork::settleName() const {
+  if (macShortName[0] == '\0') {
+    // Shared by every work without a name; never destroyed, so that works
+    // that die late still have one.
+    alignas(qstd::cAsciiString) static unsigned char storage[sizeof(qstd::cAsciiString)];
+    static const qstd::cAsciiString* const none = new (storage) qstd::cAsciiString;
+    return *none;
+  }
+  mpName = new qstd::cAsciiString(macShortName);
+  return *mpName;
 }
 
 void cWork::enableDebug(bool on) { gDebugAllWorks = on; }
@@ -119,7 +155,7 @@ void cWork::action() {
     if (alive.gone() || !handleActionError(e, false)) throw;
   } catch (...) {
     if (alive.gone()) throw;
-    qstd::cRuntimeException e(qucs::cLIMessage("$QTR$Error performing work %name%!") << mName, __FILE__, __LINE__);
+    qstd::cRuntimeException e(qucs::cLIMessage("$QTR$Error performing work %name%!") << name(), __FILE__, __LINE__);
     if (!handleActionError(e, false)) throw;
   }
 }
@@ -128,9 +164,9 @@ bool cWork::handleActionError(const qstd::cAbstractException& e, bool) {
   if (!mbDelegate) return false;
   ++miAmuck;
   for (cWork* w = this; w; w = w->parent()) {
-    QEL_DEBUG((qstd::cAsciiString("  * Checking handler in ") + w->mName).c_str());
+    QEL_DEBUG((qstd::cAsciiString("  * Checking handler in ") + w->name()).c_str());
     if (w->hasActionErrorHandler()) {
-      QEL_DEBUG((qstd::cAsciiString("  * Handler found in ") + w->mName).c_str());
+      QEL_DEBUG((qstd::cAsciiString("  * Handler found in ") + w->name()).c_str());
       (*w->mpActionError)(e, w != this);
       return true;
     }

@@ -27,6 +27,7 @@
 #include "qelcore/rmi/localsignaln.h"
 #include "qelcore/sa/pitypes.h"
 #include "qelcore/std/casciistring.h"
+#include "qelcore/std/cpoolmemory.h"
 #include "qelcore/std/ctime.h"
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tparentwatch.h"
@@ -43,7 +44,9 @@ namespace detail {
 class cLifeLink;
 }
 
-class QEL_EXPORT cWork {
+// A queue makes and drops one work per scheduled task: works are small
+// objects (derived works too).
+class QEL_EXPORT cWork : public qstd::cSmallObject {
 public:
   enum Type : unsigned int { SingleTask = 0, Periodic = 1, AsyncIO = 2 };
 
@@ -80,8 +83,12 @@ public:
   // When the work was last (re)started, and when it becomes due.
   const qstd::cTime& scheduledTime() const { return mScheduled; }
   const qstd::cTime& plannedTime() const { return mPlanned; }
-  const qstd::cAsciiString& name() const { return mName; }
-  void setName(const qstd::cAsciiString& name) { mName = name; }
+  const qstd::cAsciiString& name() const { return mpName ? *mpName : settleName(); }
+  void setName(const qstd::cAsciiString& name);
+  /// Sets the name from a C string (null: no name). A short name is kept
+  /// inside the work and becomes a string only when name() is asked for, so
+  /// that naming a work costs no allocation.
+  void setName(const char* name);
   cWorkStat& statistic() { return mStat; }
   const cWorkStat& statistic() const { return mStat; }
   // Gives this work a debug record (see cWorkStat).
@@ -127,6 +134,7 @@ private:
   void reparent(cWork* parent);
   void setForceKeep(bool keep) { mbForceKeep = keep; }
   bool handleActionError(const qstd::cAbstractException& e, bool unused);
+  const qstd::cAsciiString& settleName() const;
 
   qstd::cTime mScheduled;
   qstd::cTime mPlanned;
@@ -136,13 +144,17 @@ private:
   bool mbForceKeep;
   cAbstractAIOData* mpAIOData;
   qrmi::localSignal2<qsa::piVoid, const qstd::cAbstractException&, bool>* mpActionError;
-  qstd::cAsciiString mName;
+  // The name once it was asked for or is long; null while it is short
+  // and waits in macShortName (empty there: no name).
+  mutable qstd::cAsciiString* mpName;
   cWorkStat mStat;
   unsigned int miAmuck;
   qstd::tParentWatch<cWork> mParent;
   bool mbDelegate;
   // Actions and passes running on this work now; cut by the destructor.
   detail::cLifeLink* mpRuns;
+  enum : unsigned int { kShortName = 24 };
+  char macShortName[kShortName];
 };
 
 }  // namespace qpi

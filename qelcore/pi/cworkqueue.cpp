@@ -117,7 +117,9 @@ cWorkQueue::cWorkQueue()
       mpLoops(nullptr),
       mpInbox(new cInbox),
       mpIndex(new cJobIndex),
-      mpPasses(nullptr) {}
+      mpPasses(nullptr),
+      mKnownNow(0ull),
+      mbExecuted(false) {}
 
 cWorkQueue::~cWorkQueue() {
   // Passes further up the stack return without touching the queue again.
@@ -220,7 +222,15 @@ unsigned int cWorkQueue::processEvents(bool doProcess) {
   bool yieldNeeded = updateTimer(doProcess, &wait);
   // An action may have destroyed the queue or dropped its processor.
   if (alive.gone() || !mpEvents) return 0;
-  if (mpEvents->isAsynchronous()) yieldNeeded = true;
+  if (mpEvents->isAsynchronous()) {
+    yieldNeeded = true;
+  } else if (!yieldNeeded && !mbExecuted && miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
+    // Nothing ran, and nothing can become due by itself: wait until woken.
+    // A pass that ran works returns first, so that its caller sees what
+    // they did.
+    yieldNeeded = true;
+    wait = ~0u;
+  }
   if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
   return miTimed + miAsync;
 }
@@ -242,6 +252,7 @@ bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
     firstRound = false;
     if (executed) executedAny = true;
   }
+  mbExecuted = executedAny;
   if (executedAny && !(mpEvents && mpEvents->isAsynchronous())) lastWait = 0;
   if (wait) *wait = lastWait;
   return miAsync != 0 || (miTimed != 0 && lastWait != 0);
@@ -251,7 +262,18 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
   checkEvents();
   miTimed = 0;
   miAsync = 0;
-  const qstd::cTime now;
+  // The clock is read once per pass, and only when needed: a work whose
+  // planned time has been reached by the latest reading this queue knows of
+  // (its own passes', or a work's start) is due now as well. A work that is
+  // not due by it, and every restart, takes a fresh reading.
+  qstd::cTime now = mKnownNow;
+  bool fresh = false;
+  auto readClock = [&] {
+    if (fresh) return;
+    now = qstd::cTime();
+    if (mKnownNow < now) mKnownNow = now;
+    fresh = true;
+  };
   unsigned int minWait = 0;
   bool removed = false;
   bool first = true;
@@ -272,6 +294,7 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
     // Keeps a shared work alive until its entry is done with.
     const tSharedObject<cWork> running(*it);
     const detail::cLifeLink workAlive(w->mpRuns);
+    if (w->mPlanned > now) readClock();
     unsigned int wait = msUntil(w->mPlanned, now);
     bool due = wait == 0;
     if (w->meType == cWork::AsyncIO) {
@@ -279,6 +302,7 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
         due = w->mpAIOData && w->mpAIOData->isEvent();
       } else {
         // Without I/O support the work is polled at its interval.
+        readClock();
         w->restart(w->miInterval, cWork::Periodic, now);
         if (queueAlive.gone()) return 0;
         if (workAlive.gone()) {
@@ -300,6 +324,7 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
       } else if (w->meType == cWork::Periodic) {
         w->markDone();
         // From the pass's reading of the clock: one reading per pass.
+        readClock();
         w->restart(w->miInterval, w->meType, now);
         if (queueAlive.gone()) return 0;
         if (!workAlive.gone()) wait = msUntil(w->mPlanned, now);
@@ -378,7 +403,9 @@ void cWorkQueue::drainInbox() {
   mpCurrent = current;
 }
 
-piVoid cWorkQueue::sltNotifyWorkChanged(cWork*) {
+piVoid cWorkQueue::sltNotifyWorkChanged(cWork* work) {
+  // A start is a reading of the clock that the next pass can use.
+  if (work && mKnownNow < work->mScheduled) mKnownNow = work->mScheduled;
   if (miClearing != 0 || !mpEvents) return piVoid();
   const bool immediate = mpEvents->isAsynchronous() && miLevel == 0;
   if (immediate) {

@@ -17,6 +17,16 @@
 // list after the outermost pass. The one exception to the single thread is
 // post(), through which any thread hands a work over to the queue.
 //
+// When nothing is timed or asynchronous, a pass hands no wait to the two
+// plain processors (cLocalEventProcessor and the platform's): process()
+// returns at once, and a loop over an idle queue spins. The I/O processor of
+// cPlatform::createAIOProcessEvents() instead sleeps in a pass that ran
+// nothing, until post() from another thread wakes it. A pass that ran works
+// returns at once, so that a loop such as `while (!done) queue.process();`
+// sees what they did; a work started on the queue's own thread between two
+// process() calls runs in the next pass, before any sleep. See
+// cAbstractProcessEvents::waitsWhenIdle().
+//
 // Works added by reference (addJob(cWork&)) are kept while stopped and leave
 // the queue by themselves when they die; shared works stay alive while the
 // queue holds them. The queue and its works may die in either order.
@@ -116,6 +126,10 @@ private:
   cJobIndex* mpIndex;
   // The passes running on this queue now; cut by the destructor.
   detail::cLifeLink* mpPasses;
+  // The latest reading of the clock this queue knows of.
+  qstd::cTime mKnownNow;
+  // Whether the last updateTimer() ran a work.
+  bool mbExecuted;
 };
 
 }  // namespace qpi

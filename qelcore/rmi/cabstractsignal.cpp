@@ -10,8 +10,6 @@
 
 namespace qrmi {
 
-cAbstractSignal::cAbstractSignal() : meBehavior(eMustBeConnected), mpPublicSignal(nullptr) {}
-
 cAbstractSignal::~cAbstractSignal() {
   if (cPublicSignal* record = mpPublicSignal) {
     mpPublicSignal = nullptr;

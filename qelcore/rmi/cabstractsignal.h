@@ -27,7 +27,7 @@ public:
   // The side of an interface a published signal belongs to.
   enum InterfaceType : unsigned int { eProvidedInterface = 0, eRequiredInterface = 1 };
 
-  cAbstractSignal();
+  cAbstractSignal() : meBehavior(eMustBeConnected), mpPublicSignal(nullptr) {}
   cAbstractSignal(const cAbstractSignal&) = delete;
   cAbstractSignal& operator=(const cAbstractSignal&) = delete;
   // A published signal takes its description out of its owner's interface.

@@ -5,6 +5,7 @@
 #define QELCORE_RMI_CABSTRACTSLOTCALL_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/std/cpoolmemory.h"
 
 namespace qstd {
 class cAsciiString;
@@ -21,7 +22,9 @@ class cConnectable;
 class cConnection;
 class cAbstractSignal;
 class cPublicSlot;
-class QEL_EXPORT cAbstractSlotCall {
+// Every connection and every scheduled call makes one: slot calls are small
+// objects.
+class QEL_EXPORT cAbstractSlotCall : public qstd::cSmallObject {
 public:
   // Remembers the receiver and the signal the slot call is made for. The
   // receiver learns of the connection when a signal takes the slot call over

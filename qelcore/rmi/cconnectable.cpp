@@ -55,6 +55,8 @@ cConnectable::cConnectable()
     : mpIndex(nullptr), miDetached(0), mpSlots(nullptr), mpSignals(nullptr), mbDetaching(false), miIndex(0) {}
 
 cConnectable::~cConnectable() {
+  // Most connectables die without connections or public records.
+  if (mAttachedSignals.empty() && !mpSlots && !mpSignals && !mpIndex) return;
   detachAllSignals();
   deletePublicRecords();
   delete mpSlots;
@@ -87,8 +89,13 @@ void cConnectable::notifySignalAttached(cAbstractSignal& signal) {
 void cConnectable::notifySignalDetached(cAbstractSignal& signal) {
   if (mbDetaching) return;
   if (!mpIndex) {
-    mAttachedSignals.erase(std::remove(mAttachedSignals.begin(), mAttachedSignals.end(), &signal),
-                           mAttachedSignals.end());
+    // A short list: close up over the entries of `signal` in one sweep.
+    cAbstractSignal** entries = mAttachedSignals.data();
+    const std::size_t n = mAttachedSignals.size();
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < n; ++i)
+      if (entries[i] != &signal) entries[kept++] = entries[i];
+    for (std::size_t i = kept; i < n; ++i) mAttachedSignals.pop_back();
     return;
   }
   cSignalIndex::cEntries* entry = mpIndex->find(&signal);

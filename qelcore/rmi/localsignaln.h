@@ -37,7 +37,7 @@
 #include "qelcore/rmi/crmiexceptions.h"
 #include "qelcore/rmi/ttypestring.h"
 #include "qelcore/std/tautoptr.h"
-#include "qelcore/std/tsimplevector.h"
+#include "qelcore/std/tsmallvector.h"
 
 namespace qrmi {
 
@@ -47,20 +47,25 @@ template <class R, class... A>
 class localSignalN : public cAbstractSignal {
 public:
   typedef cAbstractSlotCallN<R, A...> tSlotCall;
-  typedef qstd::tSimpleVector<tSlotCall*> tSlotCalls;
+  // Most signals have one connection: it is kept without an allocation.
+  typedef qstd::tSmallVector<tSlotCall*, 1> tSlotCalls;
 
   localSignalN() : mpEmission(nullptr) {}
   ~localSignalN() override {
-    checkNIC(emissionDepth());
-    // Emissions further up the stack must not touch this object any more.
-    for (cEmissionLink* e = mpEmission; e;) {
-      cEmissionLink* outer = e->outer();
-      e->mWord |= cEmissionLink::Destroyed;
-      e = outer;
+    if (mpEmission) {
+      checkNIC(emissionDepth());
+      // Emissions further up the stack must not touch this object any more.
+      for (cEmissionLink* e = mpEmission; e;) {
+        cEmissionLink* outer = e->outer();
+        e->mWord |= cEmissionLink::Destroyed;
+        e = outer;
+      }
     }
-    tSlotCalls calls;
-    calls.swap(mvSlots);
-    for (tSlotCall* call : calls) delete call;
+    if (!mvSlots.empty()) {
+      tSlotCalls calls;
+      calls.swap(mvSlots);
+      for (tSlotCall* call : calls) delete call;
+    }
   }
 
   // Connects `method` of `object`; returns a handle to the new connection

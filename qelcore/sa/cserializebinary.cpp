@@ -68,6 +68,11 @@ char* cSerializeBinary::reserve(unsigned long long n) {
     } else {
       mrData.appendElements(static_cast<unsigned int>(need) - size);
     }
+    // The own array takes the whole pool at once: what lies past the write
+    // position is scratch that nobody sees (data(), ownData() and swapData()
+    // stop at the position), and the stores up to the next growth overwrite
+    // in place instead of counting every element into the array's size.
+    if (&mrData == &mOwnData) mrData.appendElements(mrData._poolSize() - mrData.size());
   }
   return mrData.data() + miPos;
 }
@@ -173,14 +178,28 @@ qstd::tArrayRef<char> cSerializeBinary::data() {
 
 void cSerializeBinary::swapData(qstd::tArray<char>& other) {
   if (mpCurrent) cSAExceptions::throwSerializerDataWithOpenContexts();
-  if (mrData.size() > miPos) mrData.truncate(miPos);
+  cutAtPosition();
   mrData.swap(other);
   miPos = mrData.size();
 }
 
 qstd::tArray<char>& cSerializeBinary::ownData() {
-  if (mrData.size() > miPos) mrData.truncate(miPos);
+  cutAtPosition();
   return mrData;
+}
+
+void cSerializeBinary::cutAtPosition() {
+  if (mrData.size() <= miPos) return;
+  if (&mrData != &mOwnData) {
+    mrData.truncate(miPos);
+    return;
+  }
+  // The own array ran ahead to its whole pool (see reserve()); the pool
+  // stays, so that handing the bytes out between stores never reallocates.
+  const bool fit = mrData.fitOnErase();
+  mrData.setFitOnErase(false);
+  mrData.truncate(miPos);
+  mrData.setFitOnErase(fit);
 }
 
 void cSerializeBinary::patch(unsigned int position, const cAbstractTypeReference& value) {

@@ -90,7 +90,8 @@ public:
   // `other` held. Refused while a context is open.
   void swapData(qstd::tArray<char>& other) override;
 
-  // The array written into, cut to the written bytes.
+  // The array written into, cut to the written bytes. The own array keeps
+  // its pool, so that storing on after this does not allocate again.
   qstd::tArray<char>& ownData();
   // Rewrites the element at `position` with the referenced value; the write
   // position stays. The value must have the element's type and size (a value
@@ -108,11 +109,13 @@ private:
   // Makes room for n bytes at the write position; returns where they go.
   char* reserve(unsigned long long n);
   // Room for n bytes at `pos`, the write position. Inline for the two
-  // common cases: overwriting inside the written bytes, and appending while
-  // the array's pool has room (the pool grows geometrically in reserve(), so
-  // that is nearly always). Everything else goes out of line. The callers
-  // pass the position in and write it back themselves, which keeps it in a
-  // register while the array's size is updated.
+  // common cases: writing inside the array, and appending to an outside
+  // array while its pool has room. The pool grows geometrically in
+  // reserve(), and the own array is then sized to the whole pool, so a
+  // growing archive nearly always takes the first case: one comparison, and
+  // no size kept in memory from store to store. Everything else goes out of
+  // line. The callers pass the position in and write it back themselves,
+  // which keeps it in a register.
   char* reserveFast(unsigned int pos, unsigned int n) {
     const unsigned int end = pos + n;
     const unsigned int size = mrData.size();
@@ -165,6 +168,8 @@ private:
   }
   [[noreturn]] static void throwStringTooLong(unsigned int n);
   static unsigned long long elementEnd(const char* pData, unsigned int pos, unsigned int limit);
+  // Cuts the array to the written bytes.
+  void cutAtPosition();
   void storeTypeId(unsigned int id);
   void storeRaw(const char* p, unsigned int n);
   void detachContexts();

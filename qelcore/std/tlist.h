@@ -18,6 +18,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "qelcore/std/cpoolmemory.h"
 #include "qelcore/std/cstdexceptions.h"
 
 namespace qstd {
@@ -36,7 +37,8 @@ class tList {
     T mValue;
     bool mbMarked;
   };
-  typedef std::list<tEntry> tEntries;
+  // Nodes come from the thread's cache of small blocks.
+  typedef std::list<tEntry, tPoolAllocator<tEntry>> tEntries;
 
   template <bool Const>
   class tIterator {

@@ -145,7 +145,7 @@ private:
     if (data == nullptr) {
       return;
     }
-    tSharedObjectData::release(data);
+    if (data->dropReference()) delete data;
     mpData = nullptr;
     mpObject = nullptr;
   }

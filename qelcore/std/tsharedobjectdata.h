@@ -8,10 +8,12 @@
 #define QELCORE_STD_TSHAREDOBJECTDATA_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/std/cpoolmemory.h"
 
 namespace qstd {
 
-class QEL_EXPORT tSharedObjectData {
+// One record is made for every shared object: records are small objects.
+class QEL_EXPORT tSharedObjectData : public cSmallObject {
 public:
   // Deletes the object as the type it was created with, so that handles of a
   // base type free it correctly.

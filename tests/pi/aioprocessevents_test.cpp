@@ -123,3 +123,25 @@ TEST(AIOProcessEvents, AnotherThreadWakesAWaitingQueue) {
   EXPECT_EQ(posted.calls, 1);
   EXPECT_LT(start.diff().toMSec(), 5000u);
 }
+
+TEST(AIOProcessEvents, AnIdleQueueSleepsUntilAWorkIsPosted) {
+  cAIOQueue q;
+  EXPECT_TRUE(q.events()->waitsWhenIdle());
+  cJob local, posted;
+  // Started on the queue's own thread: the first pass runs it and returns;
+  // the next one sleeps until the post, and the one after runs that work.
+  qstd::tSharedObject<cWork> w = qeltest::makeJob(q, local, "local");
+  w->start(0, cWork::SingleTask);
+  cLatePoster poster(q, posted);
+  poster.start();
+  int passes = 0;
+  const qstd::cTime start;
+  while (posted.calls == 0 && start.diff().toSec() < 30) {
+    q.process();
+    ++passes;
+  }
+  EXPECT_EQ(local.calls, 1);
+  EXPECT_EQ(posted.calls, 1);
+  // Spinning over the idle queue would take thousands of passes.
+  EXPECT_LE(passes, 5);
+}

@@ -75,3 +75,29 @@ TEST(Work, ActionWithoutReceiversDoesNothingAndCountsTheTrigger) {
   EXPECT_NE(w.statistic().debugInfo()->lastTrigger.get(), 0u);
   EXPECT_NE(w.statistic().debugInfo()->startTraceLength, 0u);
 }
+
+TEST(Work, NamesReadBackAsGivenWhateverTheirLength) {
+  cWork w;
+  EXPECT_EQ(w.name(), "");
+  // 23 characters are kept inside the work, 24 are not: both read back.
+  w.setName("twenty-three characters");
+  EXPECT_EQ(w.name(), "twenty-three characters");
+  cWork v;
+  v.setName("twenty-four characters!!");
+  EXPECT_EQ(v.name(), "twenty-four characters!!");
+  v.setName("short");
+  EXPECT_EQ(v.name(), "short");
+  v.setName(qstd::cAsciiString("from a string"));
+  EXPECT_EQ(v.name(), "from a string");
+  v.setName(static_cast<const char*>(nullptr));
+  EXPECT_EQ(v.name(), "");
+
+  // The text is copied: the caller's buffer may change afterwards.
+  char buffer[] = "first";
+  cWork u;
+  u.setName(buffer);
+  buffer[0] = 'X';
+  EXPECT_EQ(u.name(), "first");
+  u.setName("second");
+  EXPECT_EQ(u.name(), "second");
+}

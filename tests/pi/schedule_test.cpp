@@ -1,5 +1,7 @@
 #include "qelcore/pi/schedule.h"
 
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "qelcore/pi/csystem.h"
@@ -54,4 +56,38 @@ TEST(Schedule, AWorkWithoutANameIsScheduledAfterTwoDebugLines) {
   EXPECT_EQ(owned.refCount(), 2u);
   cSystem::cleanup();
   EXPECT_TRUE(owned.unique());
+}
+
+TEST(Schedule, WorksScheduledOrRestartedFromAnActionRunAtOnce) {
+  cSystem::cleanup();
+  // A continuation scheduled from an action runs in the same pass, as a
+  // child of the work that scheduled it.
+  cJob chain;
+  std::vector<cWork*> parents;
+  chain.body = [&] {
+    parents.push_back(qpi::system().workQueue().current()->parent());
+    if (chain.calls < 3) qpi::schedule(chain, &cJob::sltRun, 0, "continuation");
+  };
+  qstd::tSharedObject<cWork> first = qpi::schedule(chain, &cJob::sltRun, 0, "first");
+  qpi::system().exec();
+  EXPECT_EQ(chain.calls, 3);
+  ASSERT_EQ(parents.size(), 3u);
+  EXPECT_EQ(parents[0], nullptr);
+  EXPECT_EQ(parents[1], first.get());
+  EXPECT_NE(parents[2], nullptr);
+  EXPECT_EQ(qpi::system().workQueue().jobs().size(), 0u);
+
+  // A work that restarts itself from its action runs once in every pass.
+  cJob again;
+  qstd::tSharedObject<cWork> self = qpi::schedule(again, &cJob::sltRun, 0, "self");
+  again.body = [&] {
+    if (again.calls < 3) self->start(0, cWork::SingleTask);
+  };
+  for (int pass = 1; pass <= 4; ++pass) {
+    qpi::system().exec();
+    EXPECT_EQ(again.calls, pass < 3 ? pass : 3);
+  }
+  EXPECT_EQ(self->name(), "self");
+  EXPECT_EQ(self->statistic().numStarted(), 3u);
+  cSystem::cleanup();
 }

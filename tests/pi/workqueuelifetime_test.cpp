@@ -197,3 +197,50 @@ TEST(QueueLifetime, DroppingTheProcessorInsideAnActionStopsQuietly) {
   EXPECT_EQ(q.jobs().size(), 0u);
   EXPECT_EQ(q.level(), 0u);
 }
+
+TEST(QueueLifetime, RecycledWorksStartFreshWhicheverDiedFirst) {
+  // Works, their shared records, slot calls and list nodes are recycled
+  // through a per-thread cache. A new work on the block of a dead one must
+  // carry nothing of it, whether its queue or the work itself died first;
+  // under ASan a stale pointer into a recycled block is reported.
+  cJob job;
+  auto expectFresh = [](const cWork& w) {
+    EXPECT_EQ(w.name(), "");
+    EXPECT_FALSE(w.isStarted());
+    EXPECT_EQ(w.parent(), nullptr);
+    EXPECT_EQ(w.statistic().numStarted(), 0u);
+    EXPECT_EQ(w.sigTrigger.slotCount(), 0u);
+  };
+  for (int round = 0; round < 3; ++round) {
+    tSharedObject<cWork> survivor;
+    {
+      cTestQueue q;
+      tSharedObject<cWork> parent = makeJob(q, job, "parent");
+      job.body = [&] {
+        if (!survivor) survivor = makeJob(q, job, "child of parent");
+      };
+      parent->start(0, cWork::SingleTask);
+      q.process();
+      ASSERT_TRUE(survivor);
+      EXPECT_EQ(survivor->parent(), parent.get());
+      // The queue's own works die with it or before it.
+    }
+    // The queue died first; its work lives on and can still change.
+    survivor->start(0, cWork::Periodic);
+    survivor.reset();
+    job.body = nullptr;
+
+    cTestQueue q;
+    tSharedObject<cWork> fresh = q.createJob();
+    expectFresh(*fresh);
+    fresh->sigTrigger.connect(job, &cJob::sltRun);
+    fresh->start(0, cWork::SingleTask);
+    const int before = job.calls;
+    q.process();
+    EXPECT_EQ(job.calls, before + 1);
+    // Now the works die first and the queue after them.
+    fresh.reset();
+    tSharedObject<cWork> next = q.createJob();
+    expectFresh(*next);
+  }
+}

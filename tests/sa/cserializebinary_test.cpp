@@ -198,15 +198,18 @@ TEST(cSerializeBinary, WritingIntoAnOutsideArrayAndSwapping) {
 }
 
 TEST(cSerializeBinary, GrowingFromEmptyWritesWhatASizedArchiveWrites) {
-  // Appending inside the pool and growing it take different ways; an outside
-  // array always holds exactly the bytes written so far, whichever was taken.
+  // Appending inside the pool and growing it take different ways, and the
+  // own array runs ahead of the written bytes: whichever was taken, an
+  // outside array holds exactly the bytes written so far and the own one
+  // hands out no more than those.
   qstd::tArray<char> target;
-  cSerializeBinary fresh(target);
+  cSerializeBinary outside(target);
+  cSerializeBinary own;
   cSerializeBinary sized;
   for (unsigned int i = 0; i < 50000; ++i) 0ull >> sized;
   sized.rewind();
   for (unsigned int i = 0; i < 20000; ++i) {
-    for (cSerializeBinary* s : {&fresh, &sized}) {
+    for (cSerializeBinary* s : {&outside, &own, &sized}) {
       switch (i % 5) {
         case 0:
           i >> *s;
@@ -225,11 +228,55 @@ TEST(cSerializeBinary, GrowingFromEmptyWritesWhatASizedArchiveWrites) {
           break;
       }
     }
-    ASSERT_EQ(target.size(), fresh.currentPos());
+    ASSERT_EQ(target.size(), outside.currentPos());
+    if (i % 1000 == 0) {
+      ASSERT_EQ(own.data().size(), own.currentPos());
+    }
   }
-  ASSERT_EQ(fresh.currentPos(), sized.currentPos());
-  const qstd::tArrayRef<char> a = fresh.data(), b = sized.data();
-  EXPECT_EQ(std::memcmp(a.data(), b.data(), a.size()), 0);
+  ASSERT_EQ(outside.currentPos(), sized.currentPos());
+  ASSERT_EQ(own.currentPos(), sized.currentPos());
+  EXPECT_EQ(bytesOf(outside), bytesOf(sized));
+  EXPECT_EQ(bytesOf(own), bytesOf(sized));
+}
+
+TEST(cSerializeBinary, AGrownArchiveHandsOutCopiesCutToTheWrittenBytes) {
+  cSerializeBinary s;
+  for (unsigned int i = 0; i < 100000; ++i) i >> s;
+  const unsigned int written = s.currentPos();
+  const Bytes grown = bytesOf(s);
+  cSerializeBinary copy(s);
+  EXPECT_EQ(copy.ownData().size(), written);
+  EXPECT_EQ(s.ownData().size(), written);
+
+  // Writing on after the bytes were handed out appends to them.
+  7u >> s;
+  EXPECT_EQ(s.ownData().size(), written + 8);
+  // The copy is deep: rewriting the original leaves it as it was.
+  s.rewind();
+  0xFFFFFFFFu >> s;
+  EXPECT_EQ(bytesOf(copy), grown);
+  qstd::tArray<char> taken;
+  s.swapData(taken);
+  EXPECT_EQ(taken.size(), 8u);
+}
+
+TEST(cSerializeBinary, AGrowthThatFailsLeavesTheArchiveAsItWas) {
+  // 2^29 values of 8 bytes pass the 4 GiB an archive can hold: the growth
+  // is refused before anything is read or allocated.
+  qstd::tArray<char> target;
+  cSerializeBinary outside(target);
+  cSerializeBinary own;
+  for (cSerializeBinary* s : {&outside, &own}) {
+    for (unsigned int i = 0; i < 1000; ++i) i >> *s;
+    const Bytes before = bytesOf(*s);
+    const unsigned int one = 1;
+    EXPECT_THROW(s->storeValues(&one, 0x20000000u), qstd::cOutOfRangeException);
+    EXPECT_EQ(bytesOf(*s), before);
+    EXPECT_EQ(s->ownData().growStep(), 5u);
+    2u >> *s;
+    EXPECT_EQ(bytesOf(*s), cat(before, words({4, 2})));
+  }
+  EXPECT_EQ(target.size(), 8008u);
 }
 
 TEST(cSerializeBinary, RewindOverwritesFromTheStartOfTheContext) {

@@ -20,6 +20,8 @@ public:
 
   bool supportsAIO() const override { return true; }
   bool isAsynchronous() const override { return false; }
+  // An idle queue sleeps here until a work is posted or woken for.
+  bool waitsWhenIdle() const override { return true; }
   void yield(unsigned int level, tJobs& jobs, unsigned int waitMs) override;
   // The next wait does not block.
   void wakeUp() override { mbWake = true; }

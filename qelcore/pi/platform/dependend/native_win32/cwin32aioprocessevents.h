@@ -21,6 +21,9 @@ public:
 
   bool supportsAIO() const override { return true; }
   bool isAsynchronous() const override { return false; }
+  // An idle queue sleeps here until a work is posted or woken for, when the
+  // wake-up socket pair exists (else it could not be woken).
+  bool waitsWhenIdle() const override { return mWakeRead != INVALID_SOCKET; }
   void yield(unsigned int level, tJobs& jobs, unsigned int waitMs) override;
   // The next wait does not block.
   void wakeUp() override { mbWake = true; }

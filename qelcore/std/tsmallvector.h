@@ -1,0 +1,152 @@
+// A vector of plain values (pointers, numbers) that keeps its first N
+// elements inside the object: short lists, the common case, never allocate.
+// Beyond N the elements move to a heap block that doubles as it fills.
+//
+//   qstd::tSmallVector<cSlot*, 1> slots;   // one connection: no allocation
+//   slots.push_back(&slot);
+//   for (cSlot* s : slots) ...;
+//
+// Iterators and element references stay valid until the vector grows past
+// its capacity or is swapped.
+#ifndef QELCORE_STD_TSMALLVECTOR_H
+#define QELCORE_STD_TSMALLVECTOR_H
+
+#include <cstddef>
+#include <cstring>
+#include <new>
+#include <type_traits>
+
+#include "qelcore/std/cpoolmemory.h"
+
+namespace qstd {
+
+template <typename T, unsigned int N>
+class tSmallVector {
+  static_assert(std::is_trivially_copyable<T>::value, "tSmallVector holds plain values only");
+  static_assert(N > 0, "tSmallVector needs room for one element inside");
+
+public:
+  typedef T value_type;
+  typedef std::size_t size_type;
+  typedef T* iterator;
+  typedef const T* const_iterator;
+
+  tSmallVector() : mpData(maInline), miSize(0), miCapacity(N) {}
+  tSmallVector(const tSmallVector& other) : tSmallVector() { assign(other.mpData, other.miSize); }
+  tSmallVector& operator=(const tSmallVector& other) {
+    if (this != &other) {
+      miSize = 0;
+      assign(other.mpData, other.miSize);
+    }
+    return *this;
+  }
+  ~tSmallVector() {
+    if (mpData != maInline) cPoolMemory::release(mpData);
+  }
+
+  std::size_t size() const { return miSize; }
+  bool empty() const { return miSize == 0; }
+  std::size_t capacity() const { return miCapacity; }
+  T& operator[](std::size_t i) { return mpData[i]; }
+  const T& operator[](std::size_t i) const { return mpData[i]; }
+  T& front() { return mpData[0]; }
+  T& back() { return mpData[miSize - 1]; }
+  const T& back() const { return mpData[miSize - 1]; }
+  T* data() { return mpData; }
+  const T* data() const { return mpData; }
+  iterator begin() { return mpData; }
+  iterator end() { return mpData + miSize; }
+  const_iterator begin() const { return mpData; }
+  const_iterator end() const { return mpData + miSize; }
+
+  // std::bad_alloc when there is no memory; the vector is then unchanged.
+  void reserve(std::size_t n) {
+    if (n > miCapacity) grow(n);
+  }
+  void push_back(const T& value) {
+    if (miSize == miCapacity) {
+      const T copy = value;  // `value` may live in the block that moves
+      grow(miSize + 1);
+      mpData[miSize++] = copy;
+      return;
+    }
+    mpData[miSize++] = value;
+  }
+  void pop_back() { --miSize; }
+  iterator erase(const_iterator at) { return erase(at, at + 1); }
+  iterator erase(const_iterator first, const_iterator last) {
+    T* from = mpData + (first - mpData);
+    const std::size_t gap = static_cast<std::size_t>(last - first);
+    const std::size_t tail = static_cast<std::size_t>(end() - last);
+    if (gap && tail) std::memmove(static_cast<void*>(from), static_cast<const void*>(last), tail * sizeof(T));
+    miSize -= static_cast<unsigned int>(gap);
+    return from;
+  }
+  void clear() { miSize = 0; }
+
+  void swap(tSmallVector& other) {
+    if (mpData != maInline && other.mpData != other.maInline) {
+      T* data = mpData;
+      mpData = other.mpData;
+      other.mpData = data;
+      const unsigned int capacity = miCapacity;
+      miCapacity = other.miCapacity;
+      other.miCapacity = capacity;
+      const unsigned int size = miSize;
+      miSize = other.miSize;
+      other.miSize = size;
+      return;
+    }
+    tSmallVector held;
+    held.take(*this);
+    take(other);
+    other.take(held);
+  }
+
+private:
+  void assign(const T* values, unsigned int count) {
+    reserve(count);
+    if (count) std::memcpy(static_cast<void*>(mpData), static_cast<const void*>(values), count * sizeof(T));
+    miSize = count;
+  }
+  void grow(std::size_t atLeast) {
+    std::size_t capacity = miCapacity * 2u;
+    if (capacity < atLeast) capacity = atLeast;
+    T* block;
+    if (mpData == maInline) {
+      block = static_cast<T*>(cPoolMemory::resize(nullptr, capacity * sizeof(T)));
+      if (!block) throw std::bad_alloc();
+      std::memcpy(static_cast<void*>(block), static_cast<const void*>(maInline), miSize * sizeof(T));
+    } else {
+      block = static_cast<T*>(cPoolMemory::resize(mpData, capacity * sizeof(T)));
+      if (!block) throw std::bad_alloc();
+    }
+    mpData = block;
+    miCapacity = static_cast<unsigned int>(capacity);
+  }
+  // Moves the content of `other` here (this one is empty and inline);
+  // `other` is left empty and inline.
+  void take(tSmallVector& other) {
+    if (other.mpData == other.maInline) {
+      for (unsigned int i = 0; i < other.miSize; ++i) maInline[i] = other.maInline[i];
+      mpData = maInline;
+      miCapacity = N;
+    } else {
+      mpData = other.mpData;
+      miCapacity = other.miCapacity;
+    }
+    miSize = other.miSize;
+    other.mpData = other.maInline;
+    other.miCapacity = N;
+    other.miSize = 0;
+  }
+
+  T* mpData;
+  unsigned int miSize;
+  unsigned int miCapacity;
+  T maInline[N];
+};
+
+}  // namespace qstd
+
+#endif
