@@ -200,6 +200,9 @@
 #include "qelcore/qcs/cqcsexceptions.h"
 #include "qelcore/qcs/cqueuedslotcalln.h"
 #include "qelcore/qcs/cregisteredinterface.h"
+#include "qelcore/qcs/cremotecomponentclient.h"
+#include "qelcore/qcs/cremotecomponentserver.h"
+#include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/cunmatchedinterfaceexception.h"
 

@@ -84,6 +84,14 @@ public:
   static qstd::cAsciiString userName();
   /// The host's name, or "unknown" when the system cannot tell.
   static qstd::cAsciiString hostname();
+  /// Fills `size` bytes at `data` with random bytes from the operating
+  /// system's generator (getrandom or /dev/urandom on POSIX systems,
+  /// BCryptGenRandom on Windows); an OS error exception when it fails.
+  static void randomBytes(void* data, unsigned int size);
+  /// Whether file permissions show who besides the owner may read a file:
+  /// true with POSIX mode bits; false on Windows, whose access lists the
+  /// library does not read (its permissions only reflect the read-only flag).
+  static bool permissionsShowReaders();
   /// The user's home (documents) folder; see the class comment.
   static qucs::cString homeDirectory();
   /// The system's directory; see the class comment.

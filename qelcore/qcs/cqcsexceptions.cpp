@@ -112,4 +112,17 @@ void cQCSExceptions::throwUnknownRemoteException(const qstd::cAsciiString& typeN
   throw cRuntimeException(cLIMessage("$QTR$Unknown remote exception of type %type%!") << typeName, at.file, at.line);
 }
 
+void cQCSExceptions::throwSecretFile(const qucs::cString& file, const char* reason, qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Unable to use the secret file \"%file%\": %reason%!") << file << reason,
+                          at.file, at.line);
+}
+
+void cQCSExceptions::throwRemoteProtocol(const char* what, qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Remote protocol error: %what%!") << what, at.file, at.line);
+}
+
+void cQCSExceptions::throwRemoteAuthentication(qstd::cCallSite at) {
+  throw cRuntimeException(cLIMessage("$QTR$Remote peer failed to authenticate!"), at.file, at.line);
+}
+
 }  // namespace qcs

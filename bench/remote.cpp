@@ -1,0 +1,207 @@
+// Remote components on loopback, client and server in one process and on
+// one work queue: a remote slot call with one integer argument and result,
+// one at a time, against a ping-pong of the same byte counts over the same
+// TCP connections without the protocol; and one-way signal emissions sent
+// back to back.
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+#include "qelcore/pi/clocaleventloop.h"
+#include "qelcore/pi/csystem.h"
+#include "qelcore/pi/cworkqueue.h"
+#include "qelcore/qce/ccoreextensionmgr.h"
+#include "qelcore/qce/net++/cnetabstractclient.h"
+#include "qelcore/qce/net++/cnetabstractserver.h"
+#include "qelcore/qcs/cabstractcomponent.h"
+#include "qelcore/qcs/cabstractinterface.h"
+#include "qelcore/qcs/cmanagedcomponent.h"
+#include "qelcore/qcs/cmodulemgr.h"
+#include "qelcore/qcs/cremotecomponentclient.h"
+#include "qelcore/qcs/cremotecomponentserver.h"
+#include "qelcore/qcs/cremoteoptions.h"
+#include "qelcore/rmi/cindirectresolvingslotcalln.h"
+#include "qelcore/rmi/cpublicsignal.h"
+
+namespace {
+
+using qsa::piVoid;
+
+// Bytes of a call frame of add(int) and of its result frame.
+enum : unsigned int { CallBytes = 63, ResultBytes = 36 };
+
+// A signal connectable by name (what the transport needs to forward it).
+class cIndirectSignal : public qrmi::cAbstractSignal {
+public:
+  ~cIndirectSignal() override {
+    for (qrmi::cAbstractSlotCall* c : mCalls) delete c;
+  }
+  void connectIndirect(qrmi::cConnectable& object, const qstd::cAsciiString& slot) override {
+    qrmi::cAbstractSlotCall* call = new qrmi::cIndirectLazySlotCall1<piVoid, int>(object, slot);
+    adopt(*call);
+    mCalls.push_back(call);
+  }
+  bool disconnectObject(const qrmi::cConnectable&) override { return false; }
+  bool disconnect(const qrmi::cConnectable&) override { return false; }
+  void emit(int value) {
+    piVoid ignored;
+    for (qrmi::cAbstractSlotCall* c : mCalls)
+      static_cast<qrmi::cAbstractSlotCallN<piVoid, int>*>(c)->invoke(ignored, value);
+  }
+
+protected:
+  qstd::cAsciiString parametersTypeString() const override { return qrmi::tTypeString<int>::list(); }
+
+private:
+  std::vector<qrmi::cAbstractSlotCall*> mCalls;
+};
+
+class cApi : public qcs::cAbstractInterface {
+public:
+  cApi() : cAbstractInterface(qcs::cInterfaceDesc(qcs::cInterfaceDesc::eProvidedInterface, "Counter", "b", 1, "")) {
+    qrmi::registerPublicSlot(*this, &cApi::sltAdd, "add");
+    sigTick.exportSignal(*this, "tick", qrmi::cAbstractSignal::eProvidedInterface, "");
+  }
+  int sltAdd(int n) { return miTotal += n; }
+  void connectInterface(cAbstractInterface&) override {}
+  void disconnectInterface() override {}
+  int miTotal = 0;
+  cIndirectSignal sigTick;
+};
+
+class cUse : public qcs::cAbstractInterface {
+public:
+  cUse() : cAbstractInterface(qcs::cInterfaceDesc(qcs::cInterfaceDesc::eRequiredInterface, "Counter", "b", 1, "")) {
+    qrmi::registerPublicSlot(*this, &cUse::sltTick, "onTick");
+  }
+  qrmi::localSignal1<int, int> add;
+  piVoid sltTick(int) {
+    ++miTicks;
+    return piVoid();
+  }
+  void connectInterface(cAbstractInterface& p) override {
+    bindSlot(add, p, "add");
+    p.findSignal("tick").signal().connectIndirect(*this, "onTick");
+  }
+  void disconnectInterface() override { unbindSlots(); }
+  unsigned long miTicks = 0;
+};
+
+class cProvider : public qcs::cAbstractComponent {
+public:
+  explicit cProvider(qcs::cModuleMgr& mgr) : cAbstractComponent(mgr), mpApi(new cApi) {
+    addInterface(qstd::tAutoPtr<qcs::cAbstractInterface>(mpApi));
+  }
+  cApi* mpApi;
+};
+
+// A server and a client process in one, connected, the client's use bound
+// to the proxy.
+struct cRemotePair {
+  qce::cCoreExtensionMgr mExtensions;
+  qcs::cModuleMgr mServerMgr{mExtensions}, mClientMgr{mExtensions};
+  qcs::cRemoteOptions mOptions;
+  cProvider* mpProvider;
+  cUse mUse;
+  std::unique_ptr<qcs::cRemoteComponentServer> mpServer;
+  std::unique_ptr<qcs::cRemoteComponentClient> mpClient;
+
+  cRemotePair() {
+    mOptions.setSecret("bench", 5);
+    mpProvider = static_cast<cProvider*>(&mServerMgr.addComponent(
+        qstd::tAutoPtr<qcs::cAbstractComponent>(new cProvider(mServerMgr)), qcs::cComponentAddr()));
+    mpServer.reset(new qcs::cRemoteComponentServer(mServerMgr, mOptions));
+    mpServer->exportComponent(*mpProvider);
+    mpServer->listen();
+    mpClient.reset(new qcs::cRemoteComponentClient(mClientMgr, mOptions));
+    mpClient->connect(qstd::cAsciiString(("127.0.0.1:" + std::to_string(mpServer->port())).c_str()));
+    mpClient->waitConnected(10000);
+    qpi::cLocalEventLoop loop;
+    for (int i = 0; i < 1000 && !proxy(); ++i) loop.process();
+    if (qcs::cAbstractComponent* p = proxy()) mUse.connectInterface(p->getInterface(0));
+  }
+  ~cRemotePair() { mUse.disconnectInterface(); }
+  qcs::cAbstractComponent* proxy() {
+    for (qcs::cManagedComponent* c : mClientMgr.components())
+      if (!c->component().isLocal()) return &c->component();
+    return nullptr;
+  }
+};
+
+void BM_RemoteSlotCall(benchmark::State& state) {
+  cRemotePair pair;
+  if (!pair.proxy()) {
+    state.SkipWithError("no connection");
+    return;
+  }
+  for (auto _ : state) benchmark::DoNotOptimize(pair.mUse.add(1));
+}
+BENCHMARK(BM_RemoteSlotCall)->UseRealTime();
+
+void BM_RemoteSignalsPipelined(benchmark::State& state) {
+  cRemotePair pair;
+  if (!pair.proxy()) {
+    state.SkipWithError("no connection");
+    return;
+  }
+  const int batch = 1000;
+  qpi::cLocalEventLoop loop;
+  for (auto _ : state) {
+    const unsigned long until = pair.mUse.miTicks + batch;
+    for (int i = 0; i < batch; ++i) pair.mpProvider->mpApi->sigTick.emit(i);
+    while (pair.mUse.miTicks < until) loop.process();
+  }
+  state.SetItemsProcessed(state.iterations() * batch);
+}
+BENCHMARK(BM_RemoteSignalsPipelined)->UseRealTime();
+
+// The baseline: the same byte counts back and forth over the same kind of
+// connection on the same queue, without frames, archives or components.
+class cEcho : public qrmi::cConnectable {
+public:
+  qsa::piVoid sltAccepted(qce::cNetAbstractServer&, qstd::tAutoPtr<qce::cNetAbstractConnection>& c) {
+    mpPeer.reset(c.release());
+    mpPeer->sigData.connect(*this, &cEcho::sltRequest);
+    return qsa::piVoid();
+  }
+  qsa::piVoid sltRequest(qce::cNetAbstractConnection& c) {
+    while (c.receivedSize() >= CallBytes) {
+      c.consume(CallBytes);
+      c.send(maReply, ResultBytes);
+    }
+    return qsa::piVoid();
+  }
+  qsa::piVoid sltReply(qce::cNetAbstractConnection& c) {
+    while (c.receivedSize() >= ResultBytes) {
+      c.consume(ResultBytes);
+      ++miReplies;
+    }
+    return qsa::piVoid();
+  }
+  std::unique_ptr<qce::cNetAbstractConnection> mpPeer;
+  char maReply[ResultBytes] = {};
+  unsigned long miReplies = 0;
+};
+
+void BM_Baseline_TcpPingPong(benchmark::State& state) {
+  cEcho echo;
+  qce::cNetAbstractServer server;
+  server.sigAccepted.connect(echo, &cEcho::sltAccepted);
+  server.listen();
+  qce::cNetAbstractClient client;
+  client.connection().sigData.connect(echo, &cEcho::sltReply);
+  client.connectTo(qstd::cAsciiString(("127.0.0.1:" + std::to_string(server.port())).c_str()));
+  qpi::cLocalEventLoop loop;
+  for (int i = 0; i < 10000 && !(client.isConnected() && echo.mpPeer); ++i) loop.process();
+  char request[CallBytes] = {};
+  for (auto _ : state) {
+    const unsigned long until = echo.miReplies + 1;
+    client.connection().send(request, CallBytes);
+    while (echo.miReplies < until) loop.process();
+  }
+}
+BENCHMARK(BM_Baseline_TcpPingPong)->UseRealTime();
+
+}  // namespace
