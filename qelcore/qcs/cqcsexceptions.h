@@ -84,13 +84,13 @@ public:
   /// Runtime exception "Unknown remote exception of type %type%!".
   [[noreturn]] static void throwUnknownRemoteException(const qstd::cAsciiString& typeName,
                                                        qstd::cCallSite at = qstd::cCallSite::here());
-  // Runtime exception "Unable to use the secret file "%file%": %reason%!".
+  /// Runtime exception "Unable to use the secret file "%file%": %reason%!".
   [[noreturn]] static void throwSecretFile(const qucs::cString& file, const char* reason,
                                            qstd::cCallSite at = qstd::cCallSite::here());
-  // Runtime exception "Remote protocol error: %what%!": the peer's bytes
-  // cannot be trusted any more and its connection is closed.
+  /// Runtime exception "Remote protocol error: %what%!": the peer's bytes
+  /// cannot be trusted any more and its connection is closed.
   [[noreturn]] static void throwRemoteProtocol(const char* what, qstd::cCallSite at = qstd::cCallSite::here());
-  // Runtime exception "Remote peer failed to authenticate!".
+  /// Runtime exception "Remote peer failed to authenticate!".
   [[noreturn]] static void throwRemoteAuthentication(qstd::cCallSite at = qstd::cCallSite::here());
 };
 
