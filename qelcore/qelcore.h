@@ -22,6 +22,8 @@
 #include "qelcore/std/coutofboundsexception.h"
 #include "qelcore/std/coutofrangeexception.h"
 #include "qelcore/std/cpoolmemory.h"
+#include "qelcore/std/csmallobject.h"
+#include "qelcore/std/tpoolallocator.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/std/cstdexceptionfactory.h"
 #include "qelcore/std/cstdexceptions.h"

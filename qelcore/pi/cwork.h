@@ -27,7 +27,7 @@
 #include "qelcore/rmi/localsignaln.h"
 #include "qelcore/sa/pitypes.h"
 #include "qelcore/std/casciistring.h"
-#include "qelcore/std/cpoolmemory.h"
+#include "qelcore/std/csmallobject.h"
 #include "qelcore/std/ctime.h"
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tparentwatch.h"

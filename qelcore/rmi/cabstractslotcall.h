@@ -6,7 +6,7 @@
 #define QELCORE_RMI_CABSTRACTSLOTCALL_H
 
 #include "qelcore/qelexport.h"
-#include "qelcore/std/cpoolmemory.h"
+#include "qelcore/std/csmallobject.h"
 
 namespace qstd {
 class cAsciiString;

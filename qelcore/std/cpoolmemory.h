@@ -16,12 +16,13 @@
 /// A block may be released on another thread than the one that allocated it;
 /// it then serves that thread. Each thread keeps at most a few hundred blocks
 /// of each size and hands the rest back to the C++ allocator, and everything
-/// it keeps goes back when the thread ends.
+/// it keeps goes back when the thread ends. Classes reach the cache through
+/// qstd::cSmallObject (csmallobject.h), node containers through
+/// qstd::tPoolAllocator (tpoolallocator.h).
 #ifndef QELCORE_STD_CPOOLMEMORY_H
 #define QELCORE_STD_CPOOLMEMORY_H
 
 #include <cstddef>
-#include <new>
 
 #include "qelcore/qelexport.h"
 
@@ -43,66 +44,6 @@ public:
   /// Gives back a block of allocateSmall(); `bytes` is the size it was asked
   /// for. Null is allowed.
   static void releaseSmall(void* block, std::size_t bytes) noexcept;
-};
-
-/// Base of classes whose objects come and go at a high rate (works, slot
-/// calls, shared-object records): `new` takes them from the thread's cache
-/// of small blocks, `delete` gives them back. Over-aligned derived classes
-/// and placement new use the global forms.
-class cSmallObject {
-public:
-  /// A block from the thread's cache.
-  static void* operator new(std::size_t bytes) { return cPoolMemory::allocateSmall(bytes); }
-  /// Gives the block back to the cache.
-  static void operator delete(void* p, std::size_t bytes) noexcept { cPoolMemory::releaseSmall(p, bytes); }
-  /// Over-aligned classes: the global form.
-  static void* operator new(std::size_t bytes, std::align_val_t align) { return ::operator new(bytes, align); }
-  /// Over-aligned classes: the global form.
-  static void operator delete(void* p, std::size_t, std::align_val_t align) noexcept { ::operator delete(p, align); }
-  /// Placement new: constructs at `where`.
-  static void* operator new(std::size_t, void* where) noexcept { return where; }
-  /// Placement delete: nothing to give back.
-  static void operator delete(void*, void*) noexcept {}
-};
-
-/// A standard allocator over cPoolMemory's small blocks, for node-based
-/// containers (one node per allocation); larger requests go to operator new.
-template <class T>
-class tPoolAllocator {
-public:
-  /// The element type.
-  typedef T value_type;
-
-  /// Stateless: every allocator of this kind is equal to every other.
-  tPoolAllocator() noexcept {}
-  /// Rebinding copy.
-  template <class U>
-  tPoolAllocator(const tPoolAllocator<U>&) noexcept {}
-
-  /// Room for `n` objects; a single one comes from the cache.
-  T* allocate(std::size_t n) {
-    if (n == 1 && alignof(T) <= alignof(std::max_align_t))
-      return static_cast<T*>(cPoolMemory::allocateSmall(sizeof(T)));
-    return static_cast<T*>(::operator new(n * sizeof(T)));
-  }
-  /// Gives back what allocate(n) returned.
-  void deallocate(T* p, std::size_t n) noexcept {
-    if (n == 1 && alignof(T) <= alignof(std::max_align_t))
-      cPoolMemory::releaseSmall(p, sizeof(T));
-    else
-      ::operator delete(p);
-  }
-
-  /// Always true: blocks of one allocator may go back through another.
-  template <class U>
-  bool operator==(const tPoolAllocator<U>&) const noexcept {
-    return true;
-  }
-  /// Always false.
-  template <class U>
-  bool operator!=(const tPoolAllocator<U>&) const noexcept {
-    return false;
-  }
 };
 
 }  // namespace qstd

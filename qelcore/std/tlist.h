@@ -18,7 +18,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "qelcore/std/cpoolmemory.h"
+#include "qelcore/std/tpoolallocator.h"
 #include "qelcore/std/cstdexceptions.h"
 
 namespace qstd {

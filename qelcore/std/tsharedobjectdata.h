@@ -9,7 +9,7 @@
 #define QELCORE_STD_TSHAREDOBJECTDATA_H
 
 #include "qelcore/qelexport.h"
-#include "qelcore/std/cpoolmemory.h"
+#include "qelcore/std/csmallobject.h"
 
 namespace qstd {
 

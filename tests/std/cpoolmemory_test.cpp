@@ -1,5 +1,6 @@
 // The small-block cache behind works, slot calls and list nodes.
 #include "qelcore/std/cpoolmemory.h"
+#include "qelcore/std/tpoolallocator.h"
 
 #include <cstring>
 #include <list>
