@@ -3,7 +3,7 @@
 # public class and function in them is documented.
 # Each entry is a directory below qelcore/ (its own headers, not those of
 # subdirectories); the patterns name headers left out for now.
-set(QELCORE_DOCUMENTED_SUBSYSTEMS io pi qce qce/net++ qcs qp rmi sa std ucs)
+set(QELCORE_DOCUMENTED_SUBSYSTEMS . io pi qce qce/net++ qcs qp rmi sa std ucs)
 set(QELCORE_DOCS_EXCLUDE
   */pi/cwork*.h */pi/schedule.h
   */rmi/localsignaln.h
