@@ -11,8 +11,8 @@ set(QELCORE_DOCS_EXCLUDE
   # the containers, ASCII strings, dates and times
   */std/tarray.h */std/tarrayref.h */std/tarrayreadops.h */std/tconstarrayref.h */std/tabstractarrayproxy.h
   */std/tlist.h */std/tptrlist.h */std/tvector.h */std/tptrvector.h */std/tsimplevector.h */std/thash.h
-  */std/tstack.h */std/tsmallvector.h */std/tautoptr.h */std/casciistring.h */std/cnumberconversionformat.h
-  */std/cdate.h */std/cdatetime.h */std/ctime.h)
+  */std/tstack.h */std/tsmallvector.h */std/tautoptr.h */std/cnumberconversionformat.h
+ )
 
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
