@@ -11,7 +11,7 @@ set(QELCORE_DOCS_EXCLUDE
   # the containers, ASCII strings, dates and times
   */std/tarray.h */std/tarrayref.h */std/tarrayreadops.h */std/tconstarrayref.h */std/tabstractarrayproxy.h
   */std/tlist.h */std/tptrlist.h */std/tvector.h */std/tptrvector.h */std/tsimplevector.h */std/thash.h
-  */std/tstack.h */std/tsmallvector.h */std/tautoptr.h */std/cnumberconversionformat.h
+  */std/tstack.h */std/tsmallvector.h
  )
 
 find_package(Doxygen QUIET)
