@@ -8,11 +8,10 @@ set(QELCORE_DOCS_EXCLUDE
   */pi/cwork*.h */pi/schedule.h
   */rmi/localsignaln.h
   */sa/cserializebinary*.h
-  # the containers, ASCII strings, dates and times
-  */std/tarray.h */std/tarrayref.h */std/tarrayreadops.h */std/tconstarrayref.h */std/tabstractarrayproxy.h
+  # the containers
+  */std/tarray.h */std/tarrayref.h */std/tarrayreadops.h */std/tconstarrayref.h
   */std/tlist.h */std/tptrlist.h */std/tvector.h */std/tptrvector.h */std/tsimplevector.h */std/thash.h
-  */std/tstack.h */std/tsmallvector.h
- )
+  */std/tsmallvector.h)
 
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
