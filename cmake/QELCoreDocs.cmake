@@ -10,7 +10,7 @@ set(QELCORE_DOCS_EXCLUDE
   */sa/cserializebinary*.h
   # the containers
   */std/tarray.h */std/tarrayref.h */std/tarrayreadops.h */std/tconstarrayref.h
-  */std/tlist.h */std/tptrlist.h */std/thash.h
+  */std/tlist.h */std/tptrlist.h
   */std/tsmallvector.h)
 
 find_package(Doxygen QUIET)
