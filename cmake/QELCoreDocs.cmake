@@ -11,7 +11,7 @@ set(QELCORE_DOCS_EXCLUDE
   # the containers
   */std/tarray.h */std/tarrayref.h */std/tarrayreadops.h */std/tconstarrayref.h
   */std/tlist.h */std/tptrlist.h
-  */std/tsmallvector.h)
+ )
 
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
