@@ -9,7 +9,7 @@ set(QELCORE_DOCS_EXCLUDE
   */rmi/localsignaln.h
   */sa/cserializebinary*.h
   # the containers
-  */std/tarray.h */std/tarrayref.h
+  */std/tarray.h
   */std/tlist.h */std/tptrlist.h
  )
 
