@@ -10,7 +10,7 @@ set(QELCORE_DOCS_EXCLUDE
   */sa/cserializebinary*.h
   # the containers
   */std/tarray.h
-  */std/tlist.h */std/tptrlist.h
+  */std/tptrlist.h
  )
 
 find_package(Doxygen QUIET)
