@@ -8,7 +8,7 @@ set(QELCORE_DOCS_EXCLUDE
   */pi/cwork*.h */pi/schedule.h
   */rmi/localsignaln.h
   */sa/cserializebinary*.h
-  */std/tarray.h)
+)
 
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
