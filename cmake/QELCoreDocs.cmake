@@ -5,7 +5,6 @@
 # subdirectories); the patterns name headers left out for now.
 set(QELCORE_DOCUMENTED_SUBSYSTEMS . io pi qce qce/net++ qcs qp rmi sa std ucs)
 set(QELCORE_DOCS_EXCLUDE
-  */rmi/localsignaln.h
   */sa/cserializebinary*.h
 )
 
