@@ -4,9 +4,7 @@
 # Each entry is a directory below qelcore/ (its own headers, not those of
 # subdirectories); the patterns name headers left out for now.
 set(QELCORE_DOCUMENTED_SUBSYSTEMS . io pi qce qce/net++ qcs qp rmi sa std ucs)
-set(QELCORE_DOCS_EXCLUDE
-  */sa/cserializebinary*.h
-)
+set(QELCORE_DOCS_EXCLUDE)
 
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
