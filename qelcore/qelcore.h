@@ -1,4 +1,5 @@
-// The whole public interface of QELCore in one include.
+/// \file
+/// The whole public interface of QELCore in one include.
 #ifndef QELCORE_QELCORE_H
 #define QELCORE_QELCORE_H
 

@@ -1,35 +1,36 @@
-// The main loop: a queue of works (cWork) that runs the due ones and waits
-// through its event processor until the next one is due.
-//
-//   qpi::cWorkQueue queue;
-//   queue.setEvents(qpi::cPlatform::createProcessEvents());
-//   qstd::tSharedObject<qpi::cWork> w = queue.createJob();
-//   w->sigTrigger.connect(saver, &cSaver::sltSave);
-//   w->start(100, qpi::cWork::SingleTask);
-//   for (;;) queue.process();           // one pass and one wait per call
-//
-// The system object owns the application's main queue (qpi::system()
-// .workQueue(); qpi::schedule() adds to it).
-//
-// A queue and its works belong to one thread and take no lock. Actions may
-// add, change and remove works while a pass runs, and may run nested passes
-// through a cLocalEventLoop: removed entries are only marked and leave the
-// list after the outermost pass. The one exception to the single thread is
-// post(), through which any thread hands a work over to the queue.
-//
-// When nothing is timed or asynchronous, a pass hands no wait to the two
-// plain processors (cLocalEventProcessor and the platform's): process()
-// returns at once, and a loop over an idle queue spins. The I/O processor of
-// cPlatform::createAIOProcessEvents() instead sleeps in a pass that ran
-// nothing, until post() from another thread wakes it. A pass that ran works
-// returns at once, so that a loop such as `while (!done) queue.process();`
-// sees what they did; a work started on the queue's own thread between two
-// process() calls runs in the next pass, before any sleep. See
-// cAbstractProcessEvents::waitsWhenIdle().
-//
-// Works added by reference (addJob(cWork&)) are kept while stopped and leave
-// the queue by themselves when they die; shared works stay alive while the
-// queue holds them. The queue and its works may die in either order.
+/// \class qpi::cWorkQueue
+/// The main loop: a queue of works (cWork) that runs the due ones and waits
+/// through its event processor until the next one is due.
+///
+///   qpi::cWorkQueue queue;
+///   queue.setEvents(qpi::cPlatform::createProcessEvents());
+///   qstd::tSharedObject<qpi::cWork> w = queue.createJob();
+///   w->sigTrigger.connect(saver, &cSaver::sltSave);
+///   w->start(100, qpi::cWork::SingleTask);
+///   for (;;) queue.process();           // one pass and one wait per call
+///
+/// The system object owns the application's main queue (qpi::system()
+/// .workQueue(); qpi::schedule() adds to it).
+///
+/// A queue and its works belong to one thread and take no lock. Actions may
+/// add, change and remove works while a pass runs, and may run nested passes
+/// through a cLocalEventLoop: removed entries are only marked and leave the
+/// list after the outermost pass. The one exception to the single thread is
+/// post(), through which any thread hands a work over to the queue.
+///
+/// When nothing is timed or asynchronous, a pass hands no wait to the two
+/// plain processors (cLocalEventProcessor and the platform's): process()
+/// returns at once, and a loop over an idle queue spins. The I/O processor of
+/// cPlatform::createAIOProcessEvents() instead sleeps in a pass that ran
+/// nothing, until post() from another thread wakes it. A pass that ran works
+/// returns at once, so that a loop such as `while (!done) queue.process();`
+/// sees what they did; a work started on the queue's own thread between two
+/// process() calls runs in the next pass, before any sleep. See
+/// cAbstractProcessEvents::waitsWhenIdle().
+///
+/// Works added by reference (addJob(cWork&)) are kept while stopped and leave
+/// the queue by themselves when they die; shared works stay alive while the
+/// queue holds them. The queue and its works may die in either order.
 #ifndef QELCORE_PI_CWORKQUEUE_H
 #define QELCORE_PI_CWORKQUEUE_H
 
@@ -51,46 +52,50 @@ class cLifeLink;
 
 class QEL_EXPORT cWorkQueue : public qrmi::cConnectable {
 public:
+  /// The list of works: shared works, in the order they were added.
   typedef cAbstractProcessEvents::tJobs tJobs;
 
   cWorkQueue();
   ~cWorkQueue() override;
 
-  // Replaces the event processor; a null one clears the queue first.
+  /// Replaces the event processor; a null one clears the queue first.
   void setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events);
+  /// The event processor, null without one.
   cAbstractProcessEvents* events() const { return mpEvents.get(); }
 
-  // A new work, held by the queue; not started yet.
+  /// A new work, held by the queue; not started yet.
   qstd::tSharedObject<cWork> createJob();
-  // Adds a shared work (once; a work already held is not added again).
+  /// Adds a shared work (once; a work already held is not added again).
   void addJob(qstd::tSharedObject<cWork> work);
-  // Adds a work by reference: kept while stopped, dropped when it dies.
+  /// Adds a work by reference: kept while stopped, dropped when it dies.
   void addJob(cWork& work);
-  // Drops every entry of the work (the node leaves the list later).
+  /// Drops every entry of the work (the node leaves the list later).
   void removeJob(const cWork& work);
-  // Drops every work.
+  /// Drops every work.
   void clear();
 
-  // One step of the main loop: runs the due works, then waits through the
-  // event processor until the next one is due. Without a processor a bug
-  // exception "No process event manager for workqueue!".
+  /// One step of the main loop: runs the due works, then waits through the
+  /// event processor until the next one is due. Without a processor a bug
+  /// exception "No process event manager for workqueue!".
   void process();
-  // The work whose action runs now, or null.
+  /// The work whose action runs now, or null.
   cWork* current() const { return mpCurrent; }
-  // Depth of the passes running now (1 inside an action, 2 inside a nested
-  // loop's action, ...).
+  /// Depth of the passes running now (1 inside an action, 2 inside a nested
+  /// loop's action, ...).
   unsigned int level() const { return miLevel; }
-  // The list itself; change it through the functions above, which keep the
-  // queue's index of its works.
+  ///@{
+  /// The list itself; change it through the functions above, which keep the
+  /// queue's index of its works.
   tJobs& jobs() { return mJobs; }
   const tJobs& jobs() const { return mJobs; }
-  // Writes the queue's status to the debug output.
+  ///@}
+  /// Writes the queue's status to the debug output.
   void debugDump(cAbstractOut::Level level = cAbstractOut::LevelInfo) const;
 
-  // Hands a work over from any thread; the queue takes ownership and adds it
-  // at its next pass (the event processor is woken where it can be), as if
-  // through addJob with no parent. Start the work before posting it, or it
-  // will not run.
+  /// Hands a work over from any thread; the queue takes ownership and adds it
+  /// at its next pass (the event processor is woken where it can be), as if
+  /// through addJob with no parent. Start the work before posting it, or it
+  /// will not run.
   void post(qstd::tAutoPtr<cWork> work);
 
 private:
@@ -122,13 +127,13 @@ private:
   unsigned int miAsync;
   cLocalEventLoop* mpLoops;
   cInbox* mpInbox;
-  // The live entry of each work.
+  /// The live entry of each work.
   cJobIndex* mpIndex;
-  // The passes running on this queue now; cut by the destructor.
+  /// The passes running on this queue now; cut by the destructor.
   detail::cLifeLink* mpPasses;
-  // The latest reading of the clock this queue knows of.
+  /// The latest reading of the clock this queue knows of.
   qstd::cTime mKnownNow;
-  // Whether the last updateTimer() ran a work.
+  /// Whether the last updateTimer() ran a work.
   bool mbExecuted;
 };
 

@@ -1,19 +1,20 @@
-// Scheduling on the system's main work queue.
-//
-//   class cClock : public qrmi::cConnectable {
-//   public:
-//     qsa::piVoid sltTick();
-//   };
-//   cClock clock;
-//   qstd::tSharedObject<qpi::cWork> tick = qpi::schedule(
-//       qrmi::cDirectLocalSlotCall0<cClock, qsa::piVoid>(clock, &cClock::sltTick, nullptr), 1000,
-//       qpi::cWork::Periodic, "clock tick");
-//   qpi::schedule(clock, &cClock::sltTick, 0, "tick once now");   // the same, shorter
-//   ...
-//   tick->stop();
-//
-// A work scheduled without a name (null) is scheduled all the same; the
-// debug output notes where that happened.
+/// \file
+/// Scheduling on the system's main work queue.
+///
+///   class cClock : public qrmi::cConnectable {
+///   public:
+///     qsa::piVoid sltTick();
+///   };
+///   cClock clock;
+///   qstd::tSharedObject<qpi::cWork> tick = qpi::schedule(
+///       qrmi::cDirectLocalSlotCall0<cClock, qsa::piVoid>(clock, &cClock::sltTick, nullptr), 1000,
+///       qpi::cWork::Periodic, "clock tick");
+///   qpi::schedule(clock, &cClock::sltTick, 0, "tick once now");   // the same, shorter
+///   ...
+///   tick->stop();
+///
+/// A work scheduled without a name (null) is scheduled all the same; the
+/// debug output notes where that happened.
 #ifndef QELCORE_PI_SCHEDULE_H
 #define QELCORE_PI_SCHEDULE_H
 
@@ -27,26 +28,27 @@
 
 namespace qpi {
 
-// A new work on the main queue that calls `slot` (a copy of it) after
-// `interval` ms, once or (type Periodic) every `interval` ms.
+/// A new work on the main queue that calls `slot` (a copy of it) after
+/// `interval` ms, once or (type Periodic) every `interval` ms.
 QEL_EXPORT qstd::tSharedObject<cWork> schedule(const qrmi::cAbstractSlotCall0<qsa::piVoid>& slot, unsigned int interval,
                                                cWork::Type type, const char* name);
-// A single task.
+/// A single task.
 QEL_EXPORT qstd::tSharedObject<cWork> schedule(const qrmi::cAbstractSlotCall0<qsa::piVoid>& slot, unsigned int interval,
                                                const char* name);
-// Adds a work the queue then owns (not started here).
+/// Adds a work the queue then owns (not started here).
 QEL_EXPORT qstd::tSharedObject<cWork> schedule(qstd::tAutoPtr<cWork> work);
-// Adds a work by reference (not started here).
+/// Adds a work by reference (not started here).
 QEL_EXPORT cWork& schedule(cWork& work);
-// Takes the work off the main queue.
+/// Takes the work off the main queue.
 QEL_EXPORT void unschedule(cWork& work);
 
-// schedule() for a member function of a connectable.
+/// schedule() for a member function of a connectable.
 template <class T>
 qstd::tSharedObject<cWork> schedule(T& object, qsa::piVoid (T::*method)(), unsigned int interval, cWork::Type type,
                                     const char* name) {
   return schedule(qrmi::cDirectLocalSlotCallN<T, qsa::piVoid>(object, method, nullptr), interval, type, name);
 }
+/// schedule() for a member function of a connectable, as a single task.
 template <class T>
 qstd::tSharedObject<cWork> schedule(T& object, qsa::piVoid (T::*method)(), unsigned int interval, const char* name) {
   return schedule(object, method, interval, cWork::SingleTask, name);

@@ -1,27 +1,28 @@
-// A signal whose slots are member functions of connectables, bound to C++
-// types at compile time.
-//
-//   class cDoor : public qrmi::cConnectable {
-//   public:
-//     qrmi::localSignal1<piVoid, int> sigOpened;
-//   };
-//   class cBell : public qrmi::cConnectable {
-//   public:
-//     piVoid sltRing(int times);
-//   };
-//   door.sigOpened.connect(bell, &cBell::sltRing);
-//   door.sigOpened(3);
-//
-// The signal owns one slot call per connection. A receiver's destruction
-// removes its slot calls; the signal's destruction destroys all of them.
-// connect() returns a handle (tConnection) that can end that one connection.
-// Slots may also be member functions declared void (signals with result
-// piVoid), and lambdas or functions that belong to a receiver:
-//
-//   door.sigOpened.connect(bell, [&bell](int times) { bell.ring(times); });
-//
-// Declaring a signal needs this header only; publishing slots by name
-// (registerPublicSlot) is in cindirectresolvingslotcalln.h.
+/// \class qrmi::localSignalN
+/// A signal whose slots are member functions of connectables, bound to C++
+/// types at compile time.
+///
+///   class cDoor : public qrmi::cConnectable {
+///   public:
+///     qrmi::localSignal1<piVoid, int> sigOpened;
+///   };
+///   class cBell : public qrmi::cConnectable {
+///   public:
+///     piVoid sltRing(int times);
+///   };
+///   door.sigOpened.connect(bell, &cBell::sltRing);
+///   door.sigOpened(3);
+///
+/// The signal owns one slot call per connection. A receiver's destruction
+/// removes its slot calls; the signal's destruction destroys all of them.
+/// connect() returns a handle (tConnection) that can end that one connection.
+/// Slots may also be member functions declared void (signals with result
+/// piVoid), and lambdas or functions that belong to a receiver:
+///
+///   door.sigOpened.connect(bell, [&bell](int times) { bell.ring(times); });
+///
+/// Declaring a signal needs this header only; publishing slots by name
+/// (registerPublicSlot) is in cindirectresolvingslotcalln.h.
 #ifndef QELCORE_RMI_LOCALSIGNALN_H
 #define QELCORE_RMI_LOCALSIGNALN_H
 
@@ -46,8 +47,9 @@ class cPublicSlot;
 template <class R, class... A>
 class localSignalN : public cAbstractSignal {
 public:
+  /// The slot call of one connection.
   typedef cAbstractSlotCallN<R, A...> tSlotCall;
-  // Most signals have one connection: it is kept without an allocation.
+  /// Most signals have one connection: it is kept without an allocation.
   typedef qstd::tSmallVector<tSlotCall*, 1> tSlotCalls;
 
   localSignalN() : mpEmission(nullptr) {}
@@ -68,35 +70,35 @@ public:
     }
   }
 
-  // Connects `method` of `object`; returns a handle to the new connection
-  // (which the signal owns; see tConnection). The same pair may be connected
-  // more than once.
+  /// Connects `method` of `object`; returns a handle to the new connection
+  /// (which the signal owns; see tConnection). The same pair may be connected
+  /// more than once.
   template <class T>
   tConnection<tSlotCall> connect(T& object, R (T::*method)(A...)) {
     return take(new cDirectLocalSlotCallN<T, R, A...>(object, method, this));
   }
-  // A slot declared void, for a signal without result (R is piVoid).
+  /// A slot declared void, for a signal without result (R is piVoid).
   template <class T>
   tConnection<tSlotCall> connect(T& object, void (T::*method)(A...)) {
     static_assert(std::is_same<R, qsa::piVoid>::value, "a slot declared void needs a signal whose result is piVoid");
     return take(new cFunctorSlotCallN<tVoidMethod<T, A...>, R, A...>(object, tVoidMethod<T, A...>{&object, method}, this));
   }
-  // A lambda or plain function that belongs to `owner`: the connection ends
-  // with the owner, as for its member functions. Its result must convert to
-  // R, or be void (then the default R).
+  /// A lambda or plain function that belongs to `owner`: the connection ends
+  /// with the owner, as for its member functions. Its result must convert to
+  /// R, or be void (then the default R).
   template <class F, class = std::enable_if_t<std::is_invocable<std::decay_t<F>&, A...>::value>>
   tConnection<tSlotCall> connect(cConnectable& owner, F&& function) {
     typedef std::decay_t<F> tFunction;
     return take(new cFunctorSlotCallN<tFunction, R, A...>(owner, static_cast<F&&>(function), this));
   }
-  // Takes over a slot call created elsewhere (for example one that calls a
-  // public slot by name), whichever signal it was made for.
+  /// Takes over a slot call created elsewhere (for example one that calls a
+  /// public slot by name), whichever signal it was made for.
   tConnection<tSlotCall> connect(qstd::tAutoPtr<tSlotCall> slot) {
     QEL_ASSERT(slot.get() != 0, "rmi/localsignaln");
     return take(slot.release());
   }
-  // Removes and destroys one connection of this signal; false when `call`
-  // is none of them.
+  /// Removes and destroys one connection of this signal; false when `call`
+  /// is none of them.
   bool disconnect(const tSlotCall& call) {
     for (std::size_t i = 0; i < mvSlots.size(); ++i)
       if (mvSlots[i] == &call) {
@@ -111,8 +113,8 @@ public:
   bool disconnectObject(const cConnectable& object) override { return removeSlotsOf(object); }
   bool disconnect(const cConnectable& object) override { return removeSlotsOf(object); }
 
-  // Emits the signal. With exactly one slot its result is returned; with
-  // none or several a default R (none with eMustBeConnected throws).
+  /// Emits the signal. With exactly one slot its result is returned; with
+  /// none or several a default R (none with eMustBeConnected throws).
   R operator()(A... args) {
     cEmissionLink link;
     cEmission emission(*this, link);
@@ -147,18 +149,20 @@ public:
     return R();
   }
 
-  // Publishes `method` of `object` under `name`, with type strings computed
-  // from R and A...; the slot can then be called by name with a reference
-  // frame or with archived arguments. Returns the new description. Defined
-  // with the slot calls it creates, in cindirectresolvingslotcalln.h (which
-  // registerPublicSlot() comes with).
+  /// Publishes `method` of `object` under `name`, with type strings computed
+  /// from R and A...; the slot can then be called by name with a reference
+  /// frame or with archived arguments. Returns the new description. Defined
+  /// with the slot calls it creates, in cindirectresolvingslotcalln.h (which
+  /// registerPublicSlot() comes with).
   template <class T>
   static cPublicSlot& registerSlot(T& object, R (T::*method)(A...), const qstd::cAsciiString& name,
                                    const qstd::cAsciiString& description = qstd::cAsciiString());
 
+  /// The number of connections.
   unsigned int slotCount() const { return static_cast<unsigned int>(mvSlots.size()); }
+  /// The slot calls, one per connection, in the order they were connected.
   const tSlotCalls& slotCalls() const { return mvSlots; }
-  // Emissions of this signal running now (nested ones count each).
+  /// Emissions of this signal running now (nested ones count each).
   unsigned int emissionDepth() const {
     unsigned int depth = 0;
     for (const cEmissionLink* e = mpEmission; e; e = e->outer()) ++depth;
@@ -175,19 +179,19 @@ protected:
   }
 
 private:
-  // One running emission, on the emitter's stack: the address of the outer
-  // one and, in the low bit, whether the signal was destroyed meanwhile. The
-  // chain of them is the emission depth. A single word keeps the cost of an
-  // emission close to that of the call it makes.
+  /// One running emission, on the emitter's stack: the address of the outer
+  /// one and, in the low bit, whether the signal was destroyed meanwhile. The
+  /// chain of them is the emission depth. A single word keeps the cost of an
+  /// emission close to that of the call it makes.
   struct cEmissionLink {
     enum : std::uintptr_t { Destroyed = 1 };
     cEmissionLink* outer() const { return reinterpret_cast<cEmissionLink*>(mWord & ~std::uintptr_t(Destroyed)); }
     bool destroyed() const { return (mWord & Destroyed) != 0; }
     std::uintptr_t mWord;
   };
-  // Enters an emission and leaves it on every way out, unless the signal was
-  // destroyed meanwhile. Only the link is visible to the signal, so the
-  // compiler keeps the rest in registers.
+  /// Enters an emission and leaves it on every way out, unless the signal was
+  /// destroyed meanwhile. Only the link is visible to the signal, so the
+  /// compiler keeps the rest in registers.
   struct cEmission {
     cEmission(localSignalN& signal, cEmissionLink& link) : mSignal(signal), mLink(link) {
       link.mWord = reinterpret_cast<std::uintptr_t>(signal.mpEmission);
@@ -202,7 +206,7 @@ private:
     localSignalN& mSignal;
     cEmissionLink& mLink;
   };
-  // Stores `call` (owned from here on) as the last connection.
+  /// Stores `call` (owned from here on) as the last connection.
   tConnection<tSlotCall> take(tSlotCall* call) {
     try {
       mvSlots.reserve(mvSlots.size() + 1);
@@ -236,7 +240,7 @@ private:
   }
 
   tSlotCalls mvSlots;
-  // The innermost running emission, or null.
+  /// The innermost running emission, or null.
   cEmissionLink* mpEmission;
 };
 

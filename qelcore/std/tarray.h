@@ -1,10 +1,11 @@
-// The growable, exclusively owned element buffer under every string and byte
-// buffer of the library.
-//
-// The pool grows in sectors of 2^growStep elements (default 32), never by
-// doubling: callers that build big buffers raise the grow step first.
-// Shrinking operations give memory back unless fit-on-erase is switched off.
-// Elements must be trivially copyable; they are moved as plain memory.
+/// \class qstd::tArray
+/// The growable, exclusively owned element buffer under every string and byte
+/// buffer of the library.
+///
+/// The pool grows in sectors of 2^growStep elements (default 32), never by
+/// doubling: callers that build big buffers raise the grow step first.
+/// Shrinking operations give memory back unless fit-on-erase is switched off.
+/// Elements must be trivially copyable; they are moved as plain memory.
 #ifndef QELCORE_STD_TARRAY_H
 #define QELCORE_STD_TARRAY_H
 
@@ -34,33 +35,38 @@ class tArray : public tAbstractArrayProxy<T>, public tArrayReadOps<tArray<T, Tra
   friend tReadOps;
 
 public:
+  /// The element type.
   typedef T ElementType;
+  /// The element traits (whether a terminating zero is kept, and the like).
   typedef Traits TraitsType;
 
-  // find, contains, beginsWith, endsWith, isEqual: see tArrayReadOps.
+  /// find, contains, beginsWith, endsWith, isEqual: see tArrayReadOps.
   using tReadOps::beginsWith;
   using tReadOps::contains;
   using tReadOps::endsWith;
   using tReadOps::find;
   using tReadOps::isEqual;
 
+  /// The grow step of a new array: sectors of 2^5 = 32 elements.
   static constexpr unsigned int DefaultGrowStep = 5;
 
+  /// An empty array.
   tArray()
       : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     resizePool(0, false);
   }
-  // `n` elements of unspecified content.
+  /// `n` elements of unspecified content.
   explicit tArray(unsigned int n)
       : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     resizePool(n, false);
   }
-  // Copies a run terminated by a zero element.
+  /// Copies a run terminated by a zero element.
   tArray(const T* pFrom)
       : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     QEL_ASSERT(pFrom != 0, "std/tarray");
     initFrom(pFrom, arrayops::terminatedLength(pFrom));
   }
+  /// Copies `n` elements from `pFrom`.
   tArray(const T* pFrom, unsigned int n)
       : mpPool(nullptr), miPoolSize(0), miGrowStep(DefaultGrowStep), miSize(0), mbFitOnErase(true), miAllocated(0) {
     if (n > 0) {
@@ -68,6 +74,7 @@ public:
     }
     initFrom(pFrom, n);
   }
+  /// A copy of `other`, with its grow step and fit-on-erase flag.
   tArray(const tArray& other)
       : mpPool(nullptr),
         miPoolSize(0),
@@ -77,7 +84,7 @@ public:
         miAllocated(0) {
     initFrom(other.mpPool, other.miSize);
   }
-  // Takes the pool over; `other` is left empty without a pool.
+  /// Takes the pool over; `other` is left empty without a pool.
   tArray(tArray&& other) noexcept
       : mpPool(other.mpPool),
         miPoolSize(other.miPoolSize),
@@ -94,6 +101,7 @@ public:
     if (mpPool) cPoolMemory::release(mpPool);
   }
 
+  /// Replaces the content and the settings with a copy of `other`.
   tArray& operator=(const tArray& other) {
     if (this != &other) {
       tArray copy(other);
@@ -101,6 +109,7 @@ public:
     }
     return *this;
   }
+  /// Takes the pool of `other` over; `other` is left empty without a pool.
   tArray& operator=(tArray&& other) noexcept {
     if (this != &other) {
       tArray taken(static_cast<tArray&&>(other));
@@ -109,6 +118,7 @@ public:
     return *this;
   }
 
+  /// Exchanges contents and settings.
   void swap(tArray& other) noexcept {
     T* p = mpPool;
     mpPool = other.mpPool;
@@ -130,66 +140,86 @@ public:
     other.miAllocated = u;
   }
 
-  // Size 0 with a fitting pool (a string keeps one slot), whatever the
-  // fit-on-erase flag says. Does nothing on an empty array.
+  /// Size 0 with a fitting pool (a string keeps one slot), whatever the
+  /// fit-on-erase flag says. Does nothing on an empty array.
   void clear() {
     if (miSize != 0) {
       resizePool(0, true);
     }
   }
 
+  /// The number of elements.
   unsigned int size() const { return miSize; }
+  /// The same as size().
   unsigned int length() const { return miSize; }
+  /// Whether there is none.
   bool empty() const { return miSize == 0; }
+  /// Elements the pool holds, for containers built on tArray.
   unsigned int _poolSize() const { return miPoolSize; }
 
+  /// The grow step: the pool grows in sectors of 2^growStep elements.
   unsigned int growStep() const { return miGrowStep; }
+  /// Sets the grow step for the growth to come.
   void setGrowStep(unsigned int step) { miGrowStep = step; }
+  /// Whether shrinking operations give memory back.
   bool fitOnErase() const { return mbFitOnErase; }
+  /// Switches giving memory back on shrinking on or off.
   void setFitOnErase(bool fit) { mbFitOnErase = fit; }
-  // Cuts the pool to exactly the current size.
+  /// Cuts the pool to exactly the current size.
   void optimizeMemory() { resizePool(miSize, true); }
 
+  /// Element at `index`; an index beyond the size throws cOutOfRangeException.
   const T& at(unsigned int index) const {
     arrayops::checkIndex("tArray", "at", index, miSize);
     return mpPool[index];
   }
+  /// Element at `index`; an index beyond the size throws cOutOfRangeException.
   T& at(unsigned int index) {
     arrayops::checkIndex("tArray", "at", index, miSize);
     return mpPool[index];
   }
-  // Unchecked.
+  /// Unchecked.
   const T& operator[](unsigned int index) const { return mpPool[index]; }
+  /// Unchecked.
   T& operator[](unsigned int index) { return mpPool[index]; }
 
-  // The pool; without `allowNull` a missing pool is an assertion failure.
+  /// The pool; without `allowNull` a missing pool is an assertion failure.
   const T* data(bool allowNull = false) const {
     if (!allowNull) {
       QEL_ASSERT(mpPool != 0, "std/tarray");
     }
     return mpPool;
   }
+  /// The pool; without `allowNull` a missing pool is an assertion failure.
   T* data(bool allowNull = false) {
     if (!allowNull) {
       QEL_ASSERT(mpPool != 0, "std/tarray");
     }
     return mpPool;
   }
+  /// The elements from `index` on; a range of `count` beyond the size throws cOutOfBoundsException. Null without a pool
+  /// when `allowNull` is given.
   const T* data(unsigned int index, unsigned int count, bool allowNull = false) const {
     arrayops::checkRange("tArray", "data", index, count, miSize);
     return data(allowNull) == nullptr ? nullptr : mpPool + index;
   }
+  /// The elements from `index` on; a range of `count` beyond the size throws cOutOfBoundsException. Null without a pool
+  /// when `allowNull` is given.
   T* data(unsigned int index, unsigned int count, bool allowNull = false) {
     arrayops::checkRange("tArray", "data", index, count, miSize);
     return data(allowNull) == nullptr ? nullptr : mpPool + index;
   }
 
+  /// The first element.
   const T* begin() const { return mpPool; }
+  /// Past the last element.
   const T* end() const { return mpPool + miSize; }
+  /// The first element.
   T* begin() { return mpPool; }
+  /// Past the last element.
   T* end() { return mpPool + miSize; }
 
-  // Replaces the whole content.
+  /// Replaces the whole content.
   void setData(const T* pFrom, unsigned int n) {
     if (n > 0) {
       QEL_ASSERT(pFrom != 0, "std/tarray");
@@ -202,10 +232,10 @@ public:
     resizePool(n, mbFitOnErase);
     copyElements(mpPool, pFrom, n);
   }
-  // Elements beyond the old size are unspecified.
+  /// Elements beyond the old size are unspecified.
   void setSize(unsigned int n) { resizePool(n, mbFitOnErase); }
 
-  // Returns the index of the new element.
+  /// Returns the index of the new element.
   unsigned int append(const T& value) {
     const unsigned int at = miSize;
     if (QELCORE_STD_TARRAY_LIKELY(miPoolSize > at)) {
@@ -218,10 +248,12 @@ public:
     }
     return appendSlow(value);
   }
+  /// Appends the zero-terminated run `pFrom`; returns the index of its first element.
   unsigned int append(const T* pFrom) {
     QEL_ASSERT(pFrom != 0, "std/tarray");
     return append(pFrom, arrayops::terminatedLength(pFrom));
   }
+  /// Appends `n` elements from `pFrom`; returns the index of the first.
   unsigned int append(const T* pFrom, unsigned int n) {
     if (n > 0) {
       QEL_ASSERT(pFrom != 0, "std/tarray");
@@ -240,7 +272,7 @@ public:
     }
     return appendSlow(pFrom, n);
   }
-  // Grows by `n` elements of unspecified content; returns the old size.
+  /// Grows by `n` elements of unspecified content; returns the old size.
   unsigned int appendElements(unsigned int n) {
     const unsigned int at = miSize;
     if (QELCORE_STD_TARRAY_LIKELY(miPoolSize - at >= n)) {
@@ -254,6 +286,7 @@ public:
     resizePool(at + n, false);
     return at;
   }
+  /// Grows by `n` copies of `fillValue`; returns the old size.
   unsigned int appendElements(unsigned int n, const T& fillValue) {
     const T value = fillValue;
     const unsigned int at = appendElements(n);
@@ -261,15 +294,18 @@ public:
     return at;
   }
 
-  // `at` may equal size (then it appends).
+  /// `at` may equal size (then it appends).
   void insert(unsigned int at, const T& value) {
     const T copy = value;
     insert(at, &copy, 1);
   }
+  /// Inserts the zero-terminated run `pFrom` before `at`.
   void insert(unsigned int at, const T* pFrom) {
     QEL_ASSERT(pFrom != 0, "std/tarray");
     insert(at, pFrom, arrayops::terminatedLength(pFrom));
   }
+  /// Inserts `n` elements from `pFrom`, which may lie inside this array, before `at`; a position beyond the size
+  /// throws.
   void insert(unsigned int at, const T* pFrom, unsigned int n) {
     if (n > 0) {
       QEL_ASSERT(pFrom != 0, "std/tarray");
@@ -288,7 +324,7 @@ public:
     copyElements(mpPool + at, pFrom, n);
   }
 
-  // Removes `count` elements from `index` on.
+  /// Removes `count` elements from `index` on.
   void erase(unsigned int index, unsigned int count) {
     arrayops::checkRange("tArray", "erase", index, count, miSize);
     if (count == 0) {
@@ -297,7 +333,7 @@ public:
     std::memmove(mpPool + index, mpPool + index + count, static_cast<std::size_t>(miSize - index - count) * sizeof(T));
     resizePool(miSize - count, mbFitOnErase);
   }
-  // Removes the LAST `n` elements.
+  /// Removes the LAST `n` elements.
   void erase(unsigned int n) {
     arrayops::checkTail("tArray", "erase", n, miSize);
     if (n == 0) {
@@ -305,19 +341,21 @@ public:
     }
     resizePool(miSize - n, mbFitOnErase);
   }
-  // Size becomes `n` (not larger than the size).
+  /// Size becomes `n` (not larger than the size).
   void truncate(unsigned int n) {
     arrayops::checkPosition("tArray", "truncate", n, miSize);
     resizePool(n, mbFitOnErase);
   }
 
+  /// Sets every element to `value`.
   void fill(const T& value) { fillElements(mpPool, value, miSize); }
+  /// Sets `count` elements from `index` on to `value`; a range beyond the size throws cOutOfBoundsException.
   void fill(unsigned int index, const T& value, unsigned int count) {
     arrayops::checkRange("tArray", "fill", index, count, miSize);
     fillElements(mpPool + index, value, count);
   }
 
-  // A new array holding a copy of the range.
+  /// A new array holding a copy of the range.
   tArray cut(unsigned int index, unsigned int count) const {
     arrayops::checkRange("tArray", "cut", index, count, miSize);
     tArray part;
@@ -327,7 +365,7 @@ public:
     return part;
   }
 
-  // Replaces every occurrence from `start` on; returns how many.
+  /// Replaces every occurrence from `start` on; returns how many.
   unsigned int replace(const T& a, const T& b, unsigned int start = 0) {
     arrayops::checkRange("tArray", "replace", start, 0, miSize);
     const T from = a;
@@ -341,6 +379,7 @@ public:
     }
     return replaced;
   }
+  /// As above, for the zero-terminated runs `a` and `b`.
   unsigned int replace(const T* a, const T* b, unsigned int start = 0) {
     if (miSize == 0) {
       return 0;
@@ -348,6 +387,7 @@ public:
     QEL_ASSERT((a != 0) && (b != 0), "std/tarray");
     return replace(a, arrayops::terminatedLength(a), b, arrayops::terminatedLength(b), start);
   }
+  /// As above, for `na` elements of `a` and `nb` of `b`; the content stays intact when it fails.
   unsigned int replace(const T* a, unsigned int na, const T* b, unsigned int nb, unsigned int start = 0) {
     arrayops::checkRange("tArray", "replace", start, 0, miSize);
     if (na == 0) {
@@ -379,59 +419,83 @@ public:
     return replaced;
   }
 
-  // Three-way comparison: an array that never had a pool is "less" than any
-  // non-null pointer, even of length 0.
+  /// Three-way comparison: an array that never had a pool is "less" than any
+  /// non-null pointer, even of length 0.
   int relation(const tArray& other) const { return relation(other.mpPool, other.miSize); }
+  /// As above, against `n` elements at `p`.
   int relation(const T* p, unsigned int n) const { return arrayops::relation(mpPool != nullptr, mpPool, miSize, p, n); }
 
+  /// Compares by relation().
   bool operator==(const tArray& other) const { return relation(other) == 0; }
+  /// Compares by relation().
   bool operator!=(const tArray& other) const { return relation(other) != 0; }
+  /// Compares by relation().
   bool operator<(const tArray& other) const { return relation(other) < 0; }
+  /// Compares by relation().
   bool operator<=(const tArray& other) const { return relation(other) <= 0; }
+  /// Compares by relation().
   bool operator>(const tArray& other) const { return relation(other) > 0; }
+  /// Compares by relation().
   bool operator>=(const tArray& other) const { return relation(other) >= 0; }
+  /// Compares with the zero-terminated run `p`, by relation().
   bool operator==(const T* p) const { return relationTo(p) == 0; }
+  /// Compares with the zero-terminated run `p`, by relation().
   bool operator!=(const T* p) const { return relationTo(p) != 0; }
+  /// Compares with the zero-terminated run `p`, by relation().
   bool operator<(const T* p) const { return relationTo(p) < 0; }
+  /// Compares with the zero-terminated run `p`, by relation().
   bool operator<=(const T* p) const { return relationTo(p) <= 0; }
+  /// Compares with the zero-terminated run `p`, by relation().
   bool operator>(const T* p) const { return relationTo(p) > 0; }
+  /// Compares with the zero-terminated run `p`, by relation().
   bool operator>=(const T* p) const { return relationTo(p) >= 0; }
 
-  // The array proxy interface.
+  /// The array proxy interface.
   const T& proxyAt(unsigned int index) const override {
     arrayops::checkIndex("tArray", "proxyAt", index, miSize);
     return mpPool[index];
   }
+  /// The number of elements.
   unsigned int proxyLength() const override { return miSize; }
+  /// Copies `count` elements from `index` to `dest` (checked).
   void proxyCopyPartTo(T* dest, unsigned int index, unsigned int count) const override {
     arrayops::checkRange("tArray", "proxyCopyPartTo", index, count, miSize);
     copyElements(dest, mpPool + index, count);
   }
+  /// The elements from `index` on (checked).
   const T* proxyProvideData(unsigned int index, unsigned int count) const override {
     arrayops::checkRange("tArray", "provideData", index, count, miSize);
     return mpPool == nullptr ? nullptr : mpPool + index;
   }
+  /// 0: no preference.
   unsigned int proxyPreferredBlockSize() const override { return 0; }
+  /// This array, offset 0.
   const tAbstractConstArrayProxy<T>* constProxyPhysical(unsigned int& offset) const override {
     offset = 0;
     return this;
   }
+  /// Writable element at `index` (checked).
   T& proxyAt(unsigned int index) override {
     arrayops::checkIndex("tArray", "proxyAt", index, miSize);
     return mpPool[index];
   }
+  /// Writable elements from `index` on (checked).
   T* proxyProvideWriteableData(unsigned int index, unsigned int count) override {
     arrayops::checkRange("tArray", "provideWriteableData", index, count, miSize);
     return mpPool == nullptr ? nullptr : mpPool + index;
   }
+  /// Overwrites `count` elements from `index` with those at `from` (checked).
   void proxyPatchData(unsigned int index, unsigned int count, const T* from) override {
     arrayops::checkRange("tArray", "proxyPatchData", index, count, miSize);
     if (count > 0) {
       std::memmove(mpPool + index, from, static_cast<std::size_t>(count) * sizeof(T));
     }
   }
+  /// As setSize().
   void proxySetSize(unsigned int size) override { setSize(size); }
+  /// As insert().
   void proxyInsert(unsigned int index, const T* from, unsigned int count) override { insert(index, from, count); }
+  /// Opens a gap of `count` elements of unspecified content at `index` (checked).
   void proxyInsertDefaultObjects(unsigned int index, unsigned int count) override {
     arrayops::checkPosition("tArray", "proxyInsertDefaultObjects", index, miSize);
     arrayops::checkGrowth("tArray", "proxyInsertDefaultObjects", miSize, count);
@@ -439,14 +503,16 @@ public:
       openGap(index, count);
     }
   }
+  /// As erase(index, count).
   void proxyErase(unsigned int index, unsigned int count) override { erase(index, count); }
+  /// This array, offset 0.
   tAbstractArrayProxy<T>* proxyPhysical(unsigned int& offset) override {
     offset = 0;
     return this;
   }
 
-  // Pool capacity for `n` elements: n (at least 1) rounded up to a whole
-  // number of sectors.
+  /// Pool capacity for `n` elements: n (at least 1) rounded up to a whole
+  /// number of sectors.
   unsigned int sizeToSectors(unsigned int n) const {
     const std::uint64_t mask = (std::uint64_t(1) << (miGrowStep & 31)) - 1;
     const std::uint64_t m = n > 0 ? n : 1;
@@ -455,8 +521,8 @@ public:
   }
 
 protected:
-  // Every size change goes through here. Growth passes fit = false (whole
-  // sectors), shrinking passes the fit-on-erase flag.
+  /// Every size change goes through here. Growth passes fit = false (whole
+  /// sectors), shrinking passes the fit-on-erase flag.
   void resizePool(unsigned int newSize, bool fit) {
     unsigned int target = newSize == 0 ? 1 : newSize;
     if (!fit) {
@@ -481,8 +547,8 @@ private:
   static const char* readSource() { return "std/tarray"; }
   int relationTo(const T* p) const { return relation(p, p == nullptr ? 0 : arrayops::terminatedLength(p)); }
 
-  // Whether `p` points into the pool (insertions from the array itself). The
-  // addresses are compared as integers: `p` may belong to another object.
+  /// Whether `p` points into the pool (insertions from the array itself). The
+  /// addresses are compared as integers: `p` may belong to another object.
   bool insidePool(const T* p) const {
     const std::uintptr_t at = reinterpret_cast<std::uintptr_t>(p);
     const std::uintptr_t begin = reinterpret_cast<std::uintptr_t>(mpPool);
@@ -519,11 +585,11 @@ private:
     copyElements(mpPool, pFrom, n);
   }
 
-  // The pool size is what the sector rule says. Underneath, an allocation
-  // that has to grow again and again takes half as much again as it holds,
-  // so that appending element by element costs amortised constant time; a
-  // fitting resize allocates exactly. realloc keeps the content up to the
-  // smaller size, which is all a resize needs to keep.
+  /// The pool size is what the sector rule says. Underneath, an allocation
+  /// that has to grow again and again takes half as much again as it holds,
+  /// so that appending element by element costs amortised constant time; a
+  /// fitting resize allocates exactly. realloc keeps the content up to the
+  /// smaller size, which is all a resize needs to keep.
   void reallocatePool(unsigned int target) {
     if (target > miPoolSize && target <= miAllocated) {
       miPoolSize = target;
@@ -553,7 +619,7 @@ private:
     miAllocated = allocate;
   }
 
-  // Grows by n and moves the elements from `at` on n places up.
+  /// Grows by n and moves the elements from `at` on n places up.
   void openGap(unsigned int at, unsigned int n) {
     const unsigned int oldSize = miSize;
     resizePool(oldSize + n, false);

@@ -1,10 +1,11 @@
-// The read operations that arrays and array views share: searching and
-// comparing their elements. A class gets them by deriving from
-// tArrayReadOps<itself, T> and providing, to this class as a friend:
-//   const T* readElements() const;       its elements (may be null when empty)
-//   unsigned int readLength() const;
-//   static const char* readClassName();  named in range errors ("tArray")
-//   static const char* readSource();     named in assertions ("std/tarray")
+/// \class qstd::tArrayReadOps
+/// The read operations that arrays and array views share: searching and
+/// comparing their elements. A class gets them by deriving from
+/// tArrayReadOps<itself, T> and providing, to this class as a friend:
+///   const T* readElements() const;       its elements (may be null when empty)
+///   unsigned int readLength() const;
+///   static const char* readClassName();  named in range errors ("tArray")
+///   static const char* readSource();     named in assertions ("std/tarray")
 #ifndef QELCORE_STD_TARRAYREADOPS_H
 #define QELCORE_STD_TARRAYREADOPS_H
 
@@ -16,17 +17,20 @@ namespace qstd {
 template <class Derived, typename T>
 class tArrayReadOps {
 public:
-  // Searches [start, start + count); a count of 0 or one reaching past the end
-  // means "to the end". Returns the index, or the length when nothing is
-  // found.
+  /// Searches [start, start + count) for `value`, the zero-terminated sequence
+  /// `what` or its first `n` elements; a count of 0 or one reaching past the
+  /// end means "to the end". Returns the index, or the length when nothing is
+  /// found. A `start` beyond the length throws cOutOfBoundsException.
   unsigned int find(const T& value, bool& found, unsigned int start = 0, unsigned int count = 0) const {
     const T copy = value;
     return find(&copy, 1, found, start, count);
   }
+  /// As find(value), for the zero-terminated sequence `what`.
   unsigned int find(const T* what, bool& found, unsigned int start = 0, unsigned int count = 0) const {
     QEL_ASSERT(what != 0, Derived::readSource());
     return find(what, arrayops::terminatedLength(what), found, start, count);
   }
+  /// As find(value), for the first `n` elements of `what`.
   unsigned int find(const T* what, unsigned int n, bool& found, unsigned int start = 0, unsigned int count = 0) const {
     if (n > 0) {
       QEL_ASSERT(what != 0, Derived::readSource());
@@ -39,36 +43,43 @@ public:
     return found ? at : length;
   }
 
+  /// Whether find() finds `value`.
   bool contains(const T& value) const {
     bool found = false;
     find(value, found);
     return found;
   }
+  /// Whether find() finds the zero-terminated sequence `what`.
   bool contains(const T* what) const {
     bool found = false;
     find(what, found);
     return found;
   }
+  /// Whether find() finds the first `n` elements of `what`.
   bool contains(const T* what, unsigned int n) const {
     bool found = false;
     find(what, n, found);
     return found;
   }
 
+  /// Whether the elements begin with the zero-terminated `what`.
   bool beginsWith(const T* what) const {
     QEL_ASSERT(what != 0, Derived::readSource());
     return beginsWith(what, arrayops::terminatedLength(what));
   }
+  /// Whether the elements begin with the first `n` elements of `what`.
   bool beginsWith(const T* what, unsigned int n) const {
     if (n > 0) {
       QEL_ASSERT(what != 0, Derived::readSource());
     }
     return n <= self().readLength() && arrayops::sameElements(self().readElements(), what, n);
   }
+  /// Whether the elements end with the zero-terminated `what`.
   bool endsWith(const T* what) const {
     QEL_ASSERT(what != 0, Derived::readSource());
     return endsWith(what, arrayops::terminatedLength(what));
   }
+  /// Whether the elements end with the first `n` elements of `what`.
   bool endsWith(const T* what, unsigned int n) const {
     if (n > 0) {
       QEL_ASSERT(what != 0, Derived::readSource());
@@ -77,14 +88,14 @@ public:
     return n <= length && arrayops::sameElements(self().readElements() + (length - n), what, n);
   }
 
-  // Whether the content is p[0, n).
+  /// Whether the content is p[0, n).
   bool isEqual(const T* p, unsigned int n) const {
     if (n > 0) {
       QEL_ASSERT(p != 0, Derived::readSource());
     }
     return n == self().readLength() && arrayops::sameElements(self().readElements(), p, n);
   }
-  // Whether the elements from `start` on begin with p[0, n).
+  /// Whether the elements from `start` on begin with p[0, n).
   bool isEqual(const T* p, unsigned int n, unsigned int start) const {
     if (n > 0) {
       QEL_ASSERT(p != 0, Derived::readSource());
@@ -94,6 +105,7 @@ public:
   }
 
 protected:
+  /// Only as a base.
   tArrayReadOps() = default;
 
 private:

@@ -1,6 +1,7 @@
-// A writable view (offset, length) onto any array proxy. Changes go to the
-// target at offset + index, and the view's length follows them. The view
-// neither owns nor outlives its target.
+/// \class qstd::tArrayRef
+/// A writable view (offset, length) onto any array proxy. Changes go to the
+/// target at offset + index, and the view's length follows them. The view
+/// neither owns nor outlives its target.
 #ifndef QELCORE_STD_TARRAYREF_H
 #define QELCORE_STD_TARRAYREF_H
 
@@ -19,37 +20,52 @@ class tArrayRef : public tAbstractArrayProxy<T>, public tArrayReadOps<tArrayRef<
   friend tReadOps;
 
 public:
+  ///@{
+  /// The element type and the traits.
   typedef T ElementType;
   typedef Traits TraitsType;
+  ///@}
 
-  // find, contains, beginsWith, endsWith, isEqual (relative to the view): see
-  // tArrayReadOps.
+  ///@{
+  /// find, contains, beginsWith, endsWith, isEqual (relative to the view): see
+  /// tArrayReadOps.
   using tReadOps::beginsWith;
   using tReadOps::contains;
   using tReadOps::endsWith;
   using tReadOps::find;
   using tReadOps::isEqual;
+  ///@}
 
+  /// A view without target.
   tArrayRef() : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {}
+  /// The whole target.
   tArrayRef(tAbstractArrayProxy<T>& target) : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
     set(target, 0);
   }
+  /// From `offset` to the target's end.
   tArrayRef(tAbstractArrayProxy<T>& target, unsigned int offset)
       : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
     set(target, offset);
   }
+  /// `length` elements from `offset` on.
   tArrayRef(tAbstractArrayProxy<T>& target, unsigned int offset, unsigned int length)
       : mpData(nullptr), miOffset(0), miLength(0), miOpBlockSize(0) {
     set(target, offset, length);
   }
+  ///@{
+  /// Views copy as plain values: the copy shows the same elements.
   tArrayRef(const tArrayRef& other) = default;
   tArrayRef& operator=(const tArrayRef& other) = default;
+  ///@}
 
+  /// Views the target from `offset` to its end; an offset beyond it throws cOutOfBoundsException.
   void set(tAbstractArrayProxy<T>& target, unsigned int offset) {
     const unsigned int length = target.proxyLength();
     arrayops::checkRange("tArrayRef", "set", offset, 0, length);
     set(target, offset, length - offset);
   }
+  /// Views `length` elements of the target from `offset` on; views onto views are resolved to the proxy that holds the
+  /// elements. A range outside the target throws cOutOfBoundsException.
   void set(tAbstractArrayProxy<T>& target, unsigned int offset, unsigned int length) {
     arrayops::checkRange("tArrayRef", "set", offset, length, target.proxyLength());
     unsigned int base = 0;
@@ -59,31 +75,44 @@ public:
     miLength = length;
     miOpBlockSize = target.proxyPreferredBlockSize();
   }
+  /// Detaches the view from its target.
   void clear() {
     mpData = nullptr;
     miOffset = 0;
     miLength = 0;
     miOpBlockSize = 0;
   }
+  /// Exchanges the two views.
   void swap(tArrayRef& other) {
     tArrayRef t(*this);
     *this = other;
     other = t;
   }
 
+  /// The proxy that holds the elements, null without target.
   tAbstractArrayProxy<T>* target() const { return mpData; }
+  /// Where the view starts inside target().
   unsigned int offset() const { return miOffset; }
+  ///@{
+  /// The number of elements in the view.
   unsigned int size() const { return miLength; }
   unsigned int length() const { return miLength; }
+  ///@}
+  /// Whether the view is empty.
   bool empty() const { return miLength == 0; }
+  ///@{
+  /// Preferred number of elements per block operation; set() takes the target's.
   unsigned int opBlockSize() const { return miOpBlockSize; }
   void setOpBlockSize(unsigned int n) { miOpBlockSize = n; }
+  ///@}
 
-  // The same view, read-only.
+  /// The same view, read-only.
   tConstArrayRef<T, Traits> constRef() const {
     return mpData == nullptr ? tConstArrayRef<T, Traits>() : tConstArrayRef<T, Traits>(*mpData, miOffset, miLength);
   }
 
+  ///@{
+  /// Element at `index` of the view; at() checks the index (cOutOfRangeException), operator[] does not.
   const T& at(unsigned int index) const {
     QEL_ASSERT(mpData != 0, "std/tarrayref");
     arrayops::checkIndex("tArrayRef", "at", index, miLength);
@@ -98,7 +127,10 @@ public:
     return static_cast<const tAbstractArrayProxy<T>*>(mpData)->proxyAt(miOffset + index);
   }
   T& operator[](unsigned int index) { return mpData->proxyAt(miOffset + index); }
+  ///@}
 
+  ///@{
+  /// Contiguous elements of the view (null for an empty one).
   T* data() {
     QEL_ASSERT(mpData != 0, "std/tarrayref");
     return miLength == 0 ? nullptr : mpData->proxyProvideWriteableData(miOffset, miLength);
@@ -107,22 +139,28 @@ public:
     QEL_ASSERT(mpData != 0, "std/tarrayref");
     return elements();
   }
+  ///@}
 
+  ///@{
+  /// As tArray::relation; a view without target counts as never allocated.
   int relation(const T* p, unsigned int n) const {
     return arrayops::relation(mpData != nullptr, elements(), miLength, p, n);
   }
   int relation(const tArrayRef& other) const {
     return other.mpData == nullptr ? relation(nullptr, 0) : relation(other.elements(), other.miLength);
   }
+  ///@}
 
+  /// A view of part of this view; a range outside it throws cOutOfBoundsException.
   tArrayRef cut(unsigned int index, unsigned int count) const {
     QEL_ASSERT(mpData != 0, "std/tarrayref");
     arrayops::checkRange("tArrayRef", "cut", index, count, miLength);
     return tArrayRef(*mpData, miOffset + index, count);
   }
 
-  // Changes, forwarded to the target; each returns like its tArray
-  // counterpart.
+  ///@{
+  /// Changes, forwarded to the target; each returns like its tArray
+  /// counterpart.
   unsigned int append(const T& value) {
     const T copy = value;
     return append(&copy, 1);
@@ -169,8 +207,9 @@ public:
       p[i] = value;
     }
   }
-  // Grows the view by opening a gap at its end, or shrinks it by erasing its
-  // tail; the rest of the target moves along.
+  ///@}
+  /// Grows the view by opening a gap at its end, or shrinks it by erasing its
+  /// tail; the rest of the target moves along.
   void setSize(unsigned int n) {
     QEL_ASSERT(mpData != 0, "std/tarrayref");
     if (n > miLength) {
@@ -180,6 +219,7 @@ public:
     }
     miLength = n;
   }
+  /// Shrinks the view to `n` elements; an `n` beyond the length throws.
   void truncate(unsigned int n) {
     arrayops::checkPosition("tArrayRef", "truncate", n, miLength);
     if (n < miLength) {
@@ -187,7 +227,7 @@ public:
     }
   }
 
-  // The array proxy interface.
+  /// The array proxy interface.
   const T& proxyAt(unsigned int index) const override { return at(index); }
   unsigned int proxyLength() const override { return miLength; }
   void proxyCopyPartTo(T* dest, unsigned int index, unsigned int count) const override {

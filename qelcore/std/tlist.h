@@ -1,14 +1,15 @@
-// A list that keeps insertion order and can be changed while it is being
-// walked: eraseLater() only marks an entry (iterators skip marked entries and
-// stay valid), and purge() removes the marked entries once no walk is under
-// way. Appending during a walk is safe too; the walk reaches the new entries.
-//
-//   for (auto it = works.begin(); it != works.end(); ++it) {
-//     if (done(*it)) it.eraseLater();  // or works.eraseLater(it)
-//   }
-//   works.purge();
-//
-// erase() removes at once and must not hit an entry that a walk stands on.
+/// \class qstd::tList
+/// A list that keeps insertion order and can be changed while it is being
+/// walked: eraseLater() only marks an entry (iterators skip marked entries and
+/// stay valid), and purge() removes the marked entries once no walk is under
+/// way. Appending during a walk is safe too; the walk reaches the new entries.
+///
+///   for (auto it = works.begin(); it != works.end(); ++it) {
+///     if (done(*it)) it.eraseLater();  // or works.eraseLater(it)
+///   }
+///   works.purge();
+///
+/// erase() removes at once and must not hit an entry that a walk stands on.
 #ifndef QELCORE_STD_TLIST_H
 #define QELCORE_STD_TLIST_H
 
@@ -23,9 +24,10 @@
 
 namespace qstd {
 
-// What tList does with an entry it removes: values need nothing.
+/// What tList does with an entry it removes: values need nothing.
 template <typename T>
 struct tListKeepElement {
+  /// Does nothing.
   void dispose(T&) const {}
 };
 
@@ -37,7 +39,7 @@ class tList {
     T mValue;
     bool mbMarked;
   };
-  // Nodes come from the thread's cache of small blocks.
+  /// Nodes come from the thread's cache of small blocks.
   typedef std::list<tEntry, tPoolAllocator<tEntry>> tEntries;
 
   template <bool Const>
@@ -53,12 +55,12 @@ class tList {
     typedef typename std::conditional<Const, const T&, T&>::type reference;
 
     tIterator() {}
-    // A mutable iterator converts to a const one.
+    /// A mutable iterator converts to a const one.
     template <bool C = Const, typename = typename std::enable_if<C>::type>
     tIterator(const tIterator<false>& other) : mIt(other.mIt), mEnd(other.mEnd) {}
 
-    // Marks this entry for erasure by the list's next purge(); the iterator
-    // stays valid and walks on.
+    /// Marks this entry for erasure by the list's next purge(); the iterator
+    /// stays valid and walks on.
     template <bool C = Const, typename = typename std::enable_if<!C>::type>
     void eraseLater() const {
       mpList->eraseLater(*this);
@@ -94,26 +96,32 @@ class tList {
   };
 
 public:
+  /// Walks the entries not marked for erasure; eraseLater() marks the entry it stands on.
   typedef tIterator<false> iterator;
+  /// Walks the entries not marked for erasure.
   typedef tIterator<true> const_iterator;
 
+  /// An empty list.
   tList() : miLive(0) {}
+  /// The values in order.
   tList(std::initializer_list<T> values) : miLive(0) {
     for (const T& v : values) {
       append(v);
     }
   }
-  // Copies the entries that are not marked.
+  /// Copies the entries that are not marked.
   tList(const tList& other) : miLive(0) {
     for (const T& v : other) {
       append(v);
     }
   }
+  /// Takes over the entries of `other`, which is left empty.
   tList(tList&& other) noexcept
       : mEntries(std::move(other.mEntries)), miLive(other.miLive), mDisposer(other.mDisposer) {
     other.mEntries.clear();
     other.miLive = 0;
   }
+  /// Replaces the entries with copies of the unmarked entries of `other`.
   tList& operator=(const tList& other) {
     if (this != &other) {
       tList copy(other);
@@ -121,6 +129,7 @@ public:
     }
     return *this;
   }
+  /// Takes over the entries of `other`, which is left empty.
   tList& operator=(tList&& other) noexcept {
     tList taken(std::move(other));
     swap(taken);
@@ -128,35 +137,46 @@ public:
   }
   ~tList() { clear(); }
 
-  // Entries not marked for erasure.
+  /// Entries not marked for erasure.
   unsigned int size() const { return miLive; }
+  /// The same as size().
   unsigned int length() const { return miLive; }
+  /// Whether no entry is left unmarked.
   bool empty() const { return miLive == 0; }
+  /// Whether entries wait for purge().
   bool hasMarked() const { return mEntries.size() != miLive; }
 
+  /// The first unmarked entry.
   iterator begin() { return iterator(mEntries.begin(), mEntries.end(), this); }
+  /// Past the last entry.
   iterator end() { return iterator(mEntries.end(), mEntries.end(), this); }
+  /// The first unmarked entry.
   const_iterator begin() const { return const_iterator(mEntries.begin(), mEntries.end(), nullptr); }
+  /// Past the last entry.
   const_iterator end() const { return const_iterator(mEntries.end(), mEntries.end(), nullptr); }
 
+  /// The first unmarked value; an empty list throws cBugException.
   T& first() {
     if (miLive == 0) {
       cSTDExceptions::throwElementNotFound("tList", "first");
     }
     return *begin();
   }
+  /// The first unmarked value; an empty list throws cBugException.
   const T& first() const {
     if (miLive == 0) {
       cSTDExceptions::throwElementNotFound("tList", "first");
     }
     return *begin();
   }
+  /// The last unmarked value; an empty list throws cBugException.
   T& last() {
     if (miLive == 0) {
       cSTDExceptions::throwElementNotFound("tList", "last");
     }
     return lastLive()->mValue;
   }
+  /// The last unmarked value; an empty list throws cBugException.
   const T& last() const {
     if (miLive == 0) {
       cSTDExceptions::throwElementNotFound("tList", "last");
@@ -164,15 +184,20 @@ public:
     return const_cast<tList*>(this)->lastLive()->mValue;
   }
 
+  /// Adds `value` at the end; returns its position.
   iterator append(const T& value) { return insertAt(mEntries.end(), value); }
+  /// Adds `value` at the end; returns its position.
   iterator append(T&& value) { return insertAt(mEntries.end(), std::move(value)); }
+  /// Adds `value` at the front; returns its position.
   iterator prepend(const T& value) { return insertAt(mEntries.begin(), value); }
+  /// Adds `value` at the front; returns its position.
   iterator prepend(T&& value) { return insertAt(mEntries.begin(), std::move(value)); }
-  // Before `position` (end() appends).
+  /// Before `position` (end() appends).
   iterator insert(iterator position, const T& value) { return insertAt(position.mIt, value); }
+  /// Before `position` (end() appends).
   iterator insert(iterator position, T&& value) { return insertAt(position.mIt, std::move(value)); }
 
-  // Removes at once; returns the next entry.
+  /// Removes at once; returns the next entry. end() throws cBugException.
   iterator erase(iterator position) {
     checkPosition(position, "erase");
     typename tEntries::iterator it = position.mIt;
@@ -182,7 +207,7 @@ public:
     mDisposer.dispose(it->mValue);
     return iterator(mEntries.erase(it), mEntries.end(), this);
   }
-  // Marks the entry: walks skip it from now on, purge() removes it.
+  /// Marks the entry: walks skip it from now on, purge() removes it.
   void eraseLater(iterator position) {
     checkPosition(position, "eraseLater");
     if (!position.mIt->mbMarked) {
@@ -190,7 +215,7 @@ public:
       --miLive;
     }
   }
-  // Removes every marked entry. Not while a walk is under way.
+  /// Removes every marked entry. Not while a walk is under way.
   void purge() {
     typename tEntries::iterator it = mEntries.begin();
     while (it != mEntries.end()) {
@@ -202,7 +227,7 @@ public:
       }
     }
   }
-  // The first entry equal to `value`, or end().
+  /// The first entry equal to `value`, or end().
   iterator position(const T& value) {
     for (iterator it = begin(); it != end(); ++it) {
       if (*it == value) {
@@ -211,6 +236,7 @@ public:
     }
     return end();
   }
+  /// The first entry equal to `value`, or end().
   const_iterator position(const T& value) const {
     for (const_iterator it = begin(); it != end(); ++it) {
       if (*it == value) {
@@ -219,9 +245,10 @@ public:
     }
     return end();
   }
+  /// Whether an unmarked entry equals `value`.
   bool contains(const T& value) const { return position(value) != end(); }
-  // Erase the first entry equal to `value` at once or later; false when
-  // there is none.
+  /// Erases the first entry equal to `value` at once; false when
+  /// there is none.
   bool remove(const T& value) {
     iterator it = position(value);
     if (it == end()) {
@@ -230,6 +257,7 @@ public:
     erase(it);
     return true;
   }
+  /// Marks the first entry equal to `value` for purge(); false when there is none.
   bool removeLater(const T& value) {
     iterator it = position(value);
     if (it == end()) {
@@ -238,7 +266,7 @@ public:
     eraseLater(it);
     return true;
   }
-  // Removes every entry, marked or not. Not while a walk is under way.
+  /// Removes every entry, marked or not. Not while a walk is under way.
   void clear() {
     tEntries old;
     old.swap(mEntries);
@@ -248,6 +276,7 @@ public:
     }
   }
 
+  /// Exchanges the entries.
   void swap(tList& other) noexcept {
     mEntries.swap(other.mEntries);
     std::swap(miLive, other.miLive);
@@ -278,6 +307,7 @@ private:
   unsigned int miLive;
 
 protected:
+  /// Disposes of the values of removed entries.
   Disposer mDisposer;
 };
 

@@ -1,13 +1,14 @@
-// A vector of plain values (pointers, numbers) that keeps its first N
-// elements inside the object: short lists, the common case, never allocate.
-// Beyond N the elements move to a heap block that doubles as it fills.
-//
-//   qstd::tSmallVector<cSlot*, 1> slots;   // one connection: no allocation
-//   slots.push_back(&slot);
-//   for (cSlot* s : slots) ...;
-//
-// Iterators and element references stay valid until the vector grows past
-// its capacity or is swapped.
+/// \class qstd::tSmallVector
+/// A vector of plain values (pointers, numbers) that keeps its first N
+/// elements inside the object: short lists, the common case, never allocate.
+/// Beyond N the elements move to a heap block that doubles as it fills.
+///
+///   qstd::tSmallVector<cSlot*, 1> slots;   // one connection: no allocation
+///   slots.push_back(&slot);
+///   for (cSlot* s : slots) ...;
+///
+/// Iterators and element references stay valid until the vector grows past
+/// its capacity or is swapped.
 #ifndef QELCORE_STD_TSMALLVECTOR_H
 #define QELCORE_STD_TSMALLVECTOR_H
 
@@ -26,13 +27,19 @@ class tSmallVector {
   static_assert(N > 0, "tSmallVector needs room for one element inside");
 
 public:
+  ///@{
+  /// The member types of std::vector.
   typedef T value_type;
   typedef std::size_t size_type;
   typedef T* iterator;
   typedef const T* const_iterator;
+  ///@}
 
+  /// Empty, with room for N elements inside.
   tSmallVector() : mpData(maInline), miSize(0), miCapacity(N) {}
+  /// A copy of `other`; std::bad_alloc when there is no memory.
   tSmallVector(const tSmallVector& other) : tSmallVector() { assign(other.mpData, other.miSize); }
+  /// Replaces the content with a copy of `other`; std::bad_alloc when there is no memory.
   tSmallVector& operator=(const tSmallVector& other) {
     if (this != &other) {
       miSize = 0;
@@ -44,9 +51,14 @@ public:
     if (mpData != maInline) cPoolMemory::release(mpData);
   }
 
+  /// The number of elements.
   std::size_t size() const { return miSize; }
+  /// Whether there is none.
   bool empty() const { return miSize == 0; }
+  /// Elements that fit before the vector must grow (N at first).
   std::size_t capacity() const { return miCapacity; }
+  ///@{
+  /// Unchecked: the element at `i`, the first, the last, the storage.
   T& operator[](std::size_t i) { return mpData[i]; }
   const T& operator[](std::size_t i) const { return mpData[i]; }
   T& front() { return mpData[0]; }
@@ -54,15 +66,21 @@ public:
   const T& back() const { return mpData[miSize - 1]; }
   T* data() { return mpData; }
   const T* data() const { return mpData; }
+  ///@}
+  ///@{
+  /// Iterators over the elements.
   iterator begin() { return mpData; }
   iterator end() { return mpData + miSize; }
   const_iterator begin() const { return mpData; }
   const_iterator end() const { return mpData + miSize; }
+  ///@}
 
-  // std::bad_alloc when there is no memory; the vector is then unchanged.
+  /// std::bad_alloc when there is no memory; the vector is then unchanged.
   void reserve(std::size_t n) {
     if (n > miCapacity) grow(n);
   }
+  /// Appends `value` (which may be an element of this vector); std::bad_alloc when there is no memory, the vector then
+  /// unchanged.
   void push_back(const T& value) {
     if (miSize == miCapacity) {
       const T copy = value;  // `value` may live in the block that moves
@@ -72,7 +90,10 @@ public:
     }
     mpData[miSize++] = value;
   }
+  /// Removes the last element; the vector must not be empty.
   void pop_back() { --miSize; }
+  ///@{
+  /// Removes one element or the range; returns the position of the element that followed them. The capacity stays.
   iterator erase(const_iterator at) { return erase(at, at + 1); }
   iterator erase(const_iterator first, const_iterator last) {
     T* from = mpData + (first - mpData);
@@ -82,8 +103,11 @@ public:
     miSize -= static_cast<unsigned int>(gap);
     return from;
   }
+  ///@}
+  /// Removes every element; the capacity stays.
   void clear() { miSize = 0; }
 
+  /// Exchanges the contents; never allocates.
   void swap(tSmallVector& other) {
     if (mpData != maInline && other.mpData != other.maInline) {
       T* data = mpData;
@@ -124,8 +148,8 @@ private:
     mpData = block;
     miCapacity = static_cast<unsigned int>(capacity);
   }
-  // Moves the content of `other` here (this one is empty and inline);
-  // `other` is left empty and inline.
+  /// Moves the content of `other` here (this one is empty and inline);
+  /// `other` is left empty and inline.
   void take(tSmallVector& other) {
     if (other.mpData == other.maInline) {
       for (unsigned int i = 0; i < other.miSize; ++i) maInline[i] = other.maInline[i];

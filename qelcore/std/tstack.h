@@ -1,4 +1,5 @@
-// A last-in, first-out stack of values.
+/// \class qstd::tStack
+/// A last-in, first-out stack of values.
 #ifndef QELCORE_STD_TSTACK_H
 #define QELCORE_STD_TSTACK_H
 
@@ -13,19 +14,27 @@ namespace qstd {
 template <typename T>
 class tStack {
 public:
+  /// The number of values.
   unsigned int size() const { return static_cast<unsigned int>(mItems.size()); }
+  /// Whether the stack holds no value.
   bool empty() const { return mItems.empty(); }
+  /// Removes every value.
   void clear() { mItems.clear(); }
 
+  ///@{
+  /// Puts `value` on top.
   void push(const T& value) { mItems.push_back(value); }
   void push(T&& value) { mItems.push_back(std::move(value)); }
-  // Removes and returns the top; an empty stack throws.
+  ///@}
+  /// Removes and returns the top; an empty stack throws.
   T pop() {
     checkNotEmpty("pop");
     T value = std::move(mItems.back());
     mItems.pop_back();
     return value;
   }
+  ///@{
+  /// The top value; an empty stack throws.
   T& top() {
     checkNotEmpty("top");
     return mItems.back();
@@ -34,7 +43,8 @@ public:
     checkNotEmpty("top");
     return mItems.back();
   }
-  // Element `depth` places below the top (0 is the top).
+  ///@}
+  /// Element `depth` places below the top (0 is the top).
   const T& at(unsigned int depth) const {
     arrayops::checkIndex("tStack", "at", depth, size());
     return mItems[mItems.size() - 1 - depth];

@@ -1,5 +1,6 @@
-// The base of network-address extensions: address types created by type name
-// through cCoreExtensionMgr::createNetAddress ("TcpIpv4", "TcpIpv6", ...).
+/// \class qce::cNetAbstractAddressExtension
+/// The base of network-address extensions: address types created by type name
+/// through cCoreExtensionMgr::createNetAddress ("TcpIpv4", "TcpIpv6", ...).
 #ifndef QELCORE_QCE_NET_CNETABSTRACTADDRESSEXTENSION_H
 #define QELCORE_QCE_NET_CNETABSTRACTADDRESSEXTENSION_H
 
@@ -16,6 +17,7 @@ public:
   ~cNetAbstractAddressExtension() override;
 
   ExtensionType extensionType() const override { return eNetAddress; }
+  /// A new address of the type name, one that supports() accepts.
   virtual qstd::tAutoPtr<cNetAbstractAddress> createNetAddress(const qstd::cAsciiString& typeName) const = 0;
 };
 

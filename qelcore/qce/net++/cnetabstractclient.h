@@ -1,21 +1,22 @@
-// The connecting side: a client connects to an address and holds the
-// connection (one at a time) for its whole life, so receivers stay connected
-// to the connection's signals across reconnects.
-//
-//   qce::cNetAbstractClient client;                  // on the main queue
-//   client.connection().sigConnected.connect(app, &cApp::sltConnected);
-//   client.connection().sigData.connect(app, &cApp::sltData);
-//   client.connection().sigError.connect(app, &cApp::sltError);    // e.g. refused
-//   client.connectTo("127.0.0.1:4711");               // returns at once
-//   ...
-//   client.connection().send(bytes, n);               // kept until connected
-//
-// connectTo() never blocks: it starts a non-blocking connect and returns;
-// the outcome arrives as sigConnected, or as sigError followed by sigClosed.
-// Addresses: a cNetAbstractAddress ("TcpIpv4", "TcpIpv6" from the IPv6
-// address module) or text as cNetAbstractSocket::addressFromString() takes
-// it. Host names are not looked up (a lookup blocks); "localhost" is
-// 127.0.0.1.
+/// \class qce::cNetAbstractClient
+/// The connecting side: a client connects to an address and holds the
+/// connection (one at a time) for its whole life, so receivers stay connected
+/// to the connection's signals across reconnects.
+///
+///   qce::cNetAbstractClient client;                  // on the main queue
+///   client.connection().sigConnected.connect(app, &cApp::sltConnected);
+///   client.connection().sigData.connect(app, &cApp::sltData);
+///   client.connection().sigError.connect(app, &cApp::sltError);    // e.g. refused
+///   client.connectTo("127.0.0.1:4711");               // returns at once
+///   ...
+///   client.connection().send(bytes, n);               // kept until connected
+///
+/// connectTo() never blocks: it starts a non-blocking connect and returns;
+/// the outcome arrives as sigConnected, or as sigError followed by sigClosed.
+/// Addresses: a cNetAbstractAddress ("TcpIpv4", "TcpIpv6" from the IPv6
+/// address module) or text as cNetAbstractSocket::addressFromString() takes
+/// it. Host names are not looked up (a lookup blocks); "localhost" is
+/// 127.0.0.1.
 #ifndef QELCORE_QCE_NET_CNETABSTRACTCLIENT_H
 #define QELCORE_QCE_NET_CNETABSTRACTCLIENT_H
 

@@ -1,54 +1,55 @@
-// A byte-stream connection to a peer, on a work queue: what a client
-// connects (cNetAbstractClient::connection()) and what a server hands out per
-// accepted peer (cNetAbstractServer::sigAccepted).
-//
-//   class cEcho : public qrmi::cConnectable {
-//   public:
-//     qsa::piVoid sltData(qce::cNetAbstractConnection& c) {
-//       c.send(c.receivedData(), c.receivedSize());
-//       c.consume(c.receivedSize());
-//       return qsa::piVoid();
-//     }
-//   };
-//   connection.sigData.connect(echo, &cEcho::sltData);
-//
-// Receiving (pull, no copy). Received bytes collect in the connection's
-// receive buffer. After each read from the network sigData is emitted; the
-// receiver looks at receivedData()/receivedSize(), takes what it can use and
-// calls consume() for that many bytes. What it leaves stays at the front of
-// the buffer and is offered again, with whatever arrives next, at the next
-// sigData. So a framing layer parses frames straight from the buffer and
-// leaves a partial frame where it is. read() is the copying convenience.
-// When the unconsumed bytes reach receiveLimit() the connection stops reading
-// (the peer is slowed down by the network itself) until bytes are consumed:
-// set the limit above the largest message you wait for.
-//
-// Sending (buffered). send() hands the bytes to the system at once as far as
-// it takes them; the rest is kept and sent when the socket has room again
-// (only then is the queue asked to watch for room). pendingSendBytes() is
-// what waits; a sender that must not run ahead of a slow peer checks it.
-//
-// Buffers grow on demand and shrink again once a burst has passed: an idle
-// connection holds no buffer larger than 16 KiB in either direction.
-//
-// Signals, all emitted from the queue's pass or from the call named, each
-// with the connection itself. None needs a receiver.
-// - sigConnected: a connect() has succeeded.
-// - sigData: bytes have arrived (see above).
-// - sigError: something failed (a connect refused, a reset, ...), with the
-//   exception: qstd::cOSErrorException with the system's text for system
-//   failures. sigClosed follows.
-// - sigClosed: the connection is over, once per connection: the peer ended
-//   the stream (after the last sigData), an error ended it, a connect failed,
-//   or close() was called (emitted from inside close()).
-// A receiver may close or destroy the connection from inside any signal
-// (destroying a signal during its own emission writes a diagnostic line to
-// the debug output; it is safe).
-//
-// Ownership: a client owns its connection; an accepted connection belongs to
-// whoever took it from sigAccepted. Destroying a connection drops unsent
-// bytes; close() first and keep the object until pendingSendBytes() is 0 for
-// a graceful end (isOpen() turns false once the peer has ended too).
+/// \class qce::cNetAbstractConnection
+/// A byte-stream connection to a peer, on a work queue: what a client
+/// connects (cNetAbstractClient::connection()) and what a server hands out per
+/// accepted peer (cNetAbstractServer::sigAccepted).
+///
+///   class cEcho : public qrmi::cConnectable {
+///   public:
+///     qsa::piVoid sltData(qce::cNetAbstractConnection& c) {
+///       c.send(c.receivedData(), c.receivedSize());
+///       c.consume(c.receivedSize());
+///       return qsa::piVoid();
+///     }
+///   };
+///   connection.sigData.connect(echo, &cEcho::sltData);
+///
+/// Receiving (pull, no copy). Received bytes collect in the connection's
+/// receive buffer. After each read from the network sigData is emitted; the
+/// receiver looks at receivedData()/receivedSize(), takes what it can use and
+/// calls consume() for that many bytes. What it leaves stays at the front of
+/// the buffer and is offered again, with whatever arrives next, at the next
+/// sigData. So a framing layer parses frames straight from the buffer and
+/// leaves a partial frame where it is. read() is the copying convenience.
+/// When the unconsumed bytes reach receiveLimit() the connection stops reading
+/// (the peer is slowed down by the network itself) until bytes are consumed:
+/// set the limit above the largest message you wait for.
+///
+/// Sending (buffered). send() hands the bytes to the system at once as far as
+/// it takes them; the rest is kept and sent when the socket has room again
+/// (only then is the queue asked to watch for room). pendingSendBytes() is
+/// what waits; a sender that must not run ahead of a slow peer checks it.
+///
+/// Buffers grow on demand and shrink again once a burst has passed: an idle
+/// connection holds no buffer larger than 16 KiB in either direction.
+///
+/// Signals, all emitted from the queue's pass or from the call named, each
+/// with the connection itself. None needs a receiver.
+/// - sigConnected: a connect() has succeeded.
+/// - sigData: bytes have arrived (see above).
+/// - sigError: something failed (a connect refused, a reset, ...), with the
+///   exception: qstd::cOSErrorException with the system's text for system
+///   failures. sigClosed follows.
+/// - sigClosed: the connection is over, once per connection: the peer ended
+///   the stream (after the last sigData), an error ended it, a connect failed,
+///   or close() was called (emitted from inside close()).
+/// A receiver may close or destroy the connection from inside any signal
+/// (destroying a signal during its own emission writes a diagnostic line to
+/// the debug output; it is safe).
+///
+/// Ownership: a client owns its connection; an accepted connection belongs to
+/// whoever took it from sigAccepted. Destroying a connection drops unsent
+/// bytes; close() first and keep the object until pendingSendBytes() is 0 for
+/// a graceful end (isOpen() turns false once the peer has ended too).
 #ifndef QELCORE_QCE_NET_CNETABSTRACTCONNECTION_H
 #define QELCORE_QCE_NET_CNETABSTRACTCONNECTION_H
 
@@ -182,10 +183,10 @@ private:
   void updateWatch();
 
   State meState;
-  // close() was called or the peer ended: sending what is pending, then the
-  // socket closes.
+  /// close() was called or the peer ended: sending what is pending, then the
+  /// socket closes.
   bool mbClosing;
-  // The peer's end of stream has been read.
+  /// The peer's end of stream has been read.
   bool mbPeerEnded;
   std::size_t miReceiveLimit;
   cBuffers* mpBuffers;

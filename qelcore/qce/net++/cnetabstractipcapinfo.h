@@ -1,5 +1,6 @@
-// A marker of IP capabilities; socket implementations derive their
-// capability descriptions from it.
+/// \class qce::cNetAbstractIPCapInfo
+/// A marker of IP capabilities; socket implementations derive their
+/// capability descriptions from it.
 #ifndef QELCORE_QCE_NET_CNETABSTRACTIPCAPINFO_H
 #define QELCORE_QCE_NET_CNETABSTRACTIPCAPINFO_H
 

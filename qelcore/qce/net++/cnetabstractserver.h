@@ -1,28 +1,29 @@
-// The listening side: a server listens on an address and hands out one
-// cNetAbstractConnection per accepted peer, already connected.
-//
-//   class cApp : public qrmi::cConnectable {
-//   public:
-//     qsa::piVoid sltAccepted(qce::cNetAbstractServer&, qstd::tAutoPtr<qce::cNetAbstractConnection>& c) {
-//       c->sigData.connect(*this, &cApp::sltData);
-//       mvPeers.push_back(std::unique_ptr<qce::cNetAbstractConnection>(c.release()));   // now ours
-//       return qsa::piVoid();
-//     }
-//   };
-//   qce::cNetAbstractServer server;            // on the main queue
-//   server.sigAccepted.connect(app, &cApp::sltAccepted);
-//   server.listen();                           // 127.0.0.1, a free port
-//   unsigned int port = server.port();
-//
-// Ownership: sigAccepted carries the new connection in a tAutoPtr; the
-// receiver that takes it (copies the tAutoPtr or calls release()) owns it
-// from then on. A connection nobody takes is closed and destroyed when the
-// emission returns. Accepted connections run on the server's queue and do not
-// depend on the server: either may be destroyed first.
-//
-// Addresses: listen() without an address listens on the IPv4 loopback
-// address only, so nothing is reachable from other hosts unless asked for.
-// Port 0 lets the system pick a free port; port() tells which.
+/// \class qce::cNetAbstractServer
+/// The listening side: a server listens on an address and hands out one
+/// cNetAbstractConnection per accepted peer, already connected.
+///
+///   class cApp : public qrmi::cConnectable {
+///   public:
+///     qsa::piVoid sltAccepted(qce::cNetAbstractServer&, qstd::tAutoPtr<qce::cNetAbstractConnection>& c) {
+///       c->sigData.connect(*this, &cApp::sltData);
+///       mvPeers.push_back(std::unique_ptr<qce::cNetAbstractConnection>(c.release()));   // now ours
+///       return qsa::piVoid();
+///     }
+///   };
+///   qce::cNetAbstractServer server;            // on the main queue
+///   server.sigAccepted.connect(app, &cApp::sltAccepted);
+///   server.listen();                           // 127.0.0.1, a free port
+///   unsigned int port = server.port();
+///
+/// Ownership: sigAccepted carries the new connection in a tAutoPtr; the
+/// receiver that takes it (copies the tAutoPtr or calls release()) owns it
+/// from then on. A connection nobody takes is closed and destroyed when the
+/// emission returns. Accepted connections run on the server's queue and do not
+/// depend on the server: either may be destroyed first.
+///
+/// Addresses: listen() without an address listens on the IPv4 loopback
+/// address only, so nothing is reachable from other hosts unless asked for.
+/// Port 0 lets the system pick a free port; port() tells which.
 #ifndef QELCORE_QCE_NET_CNETABSTRACTSERVER_H
 #define QELCORE_QCE_NET_CNETABSTRACTSERVER_H
 
@@ -97,11 +98,11 @@ protected:
 private:
   qsa::piVoid sltResume();
 
-  // The queue the server runs on, for the accepted connections and the
-  // pause after a failure; used only from that queue's own pass.
+  /// The queue the server runs on, for the accepted connections and the
+  /// pause after a failure; used only from that queue's own pass.
   qpi::cWorkQueue* mpQueue;
   unsigned int miAcceptBatch;
-  // The pause after a failed accept, while it runs.
+  /// The pause after a failed accept, while it runs.
   qstd::tSharedObject<qpi::cWork> mPause;
 };
 

@@ -1,37 +1,38 @@
-// The common part of the network classes: one operating-system socket that
-// lives on a work queue. The socket is watched by one asynchronous I/O work
-// on that queue, so every reaction to the network (connection established,
-// data arrived, room to send, peer gone) runs in the queue's thread, from the
-// queue's pass, without a thread per socket and without blocking calls.
-//
-// Use the derived classes: cNetAbstractClient (connects out and holds a
-// cNetAbstractConnection), cNetAbstractServer (listens and hands out a
-// cNetAbstractConnection per accepted peer).
-//
-// The queue. Every socket names the work queue it runs on; none (null) means
-// the system's main queue, qpi::system().workQueue(). The queue needs an
-// event processor that waits on sockets; the constructor installs the
-// platform's one (qpi::cPlatform::createAIOProcessEvents()) on a queue whose
-// processor cannot, so nothing needs to be set up by hand. To set it up
-// yourself, before the first socket:
-//
-//   qpi::cWorkQueue& queue = qpi::system().workQueue();
-//   queue.setEvents(qpi::cPlatform::createAIOProcessEvents());
-//   qce::cNetAbstractServer server(&queue);
-//   for (;;) queue.process();
-//
-// A socket and its queue belong to one thread; other threads reach it by
-// posting works to its queue (qpi::cWorkQueue::post).
-//
-// Lifetimes. The queue holds the socket's work by reference: the socket may
-// die before or after its queue (once the queue is gone the socket hears no
-// more from the network, and can still be closed and destroyed). A socket may
-// be destroyed from inside any of its own signals. Destructors never throw.
-//
-// Transports. The classes are written against qpi::cAbstractSocketImpl; the
-// platform's TCP socket (IPv4 and IPv6, chosen by the address) is the
-// default. A derived class may return another transport from
-// createSocketImpl().
+/// \class qce::cNetAbstractSocket
+/// The common part of the network classes: one operating-system socket that
+/// lives on a work queue. The socket is watched by one asynchronous I/O work
+/// on that queue, so every reaction to the network (connection established,
+/// data arrived, room to send, peer gone) runs in the queue's thread, from the
+/// queue's pass, without a thread per socket and without blocking calls.
+///
+/// Use the derived classes: cNetAbstractClient (connects out and holds a
+/// cNetAbstractConnection), cNetAbstractServer (listens and hands out a
+/// cNetAbstractConnection per accepted peer).
+///
+/// The queue. Every socket names the work queue it runs on; none (null) means
+/// the system's main queue, qpi::system().workQueue(). The queue needs an
+/// event processor that waits on sockets; the constructor installs the
+/// platform's one (qpi::cPlatform::createAIOProcessEvents()) on a queue whose
+/// processor cannot, so nothing needs to be set up by hand. To set it up
+/// yourself, before the first socket:
+///
+///   qpi::cWorkQueue& queue = qpi::system().workQueue();
+///   queue.setEvents(qpi::cPlatform::createAIOProcessEvents());
+///   qce::cNetAbstractServer server(&queue);
+///   for (;;) queue.process();
+///
+/// A socket and its queue belong to one thread; other threads reach it by
+/// posting works to its queue (qpi::cWorkQueue::post).
+///
+/// Lifetimes. The queue holds the socket's work by reference: the socket may
+/// die before or after its queue (once the queue is gone the socket hears no
+/// more from the network, and can still be closed and destroyed). A socket may
+/// be destroyed from inside any of its own signals. Destructors never throw.
+///
+/// Transports. The classes are written against qpi::cAbstractSocketImpl; the
+/// platform's TCP socket (IPv4 and IPv6, chosen by the address) is the
+/// default. A derived class may return another transport from
+/// createSocketImpl().
 #ifndef QELCORE_QCE_NET_CNETABSTRACTSOCKET_H
 #define QELCORE_QCE_NET_CNETABSTRACTSOCKET_H
 

@@ -1,9 +1,10 @@
-// An IPv4 address with a port: the concrete type "TcpIpv4".
-//
-//   qce::cNetIPv4Address a;                 // 0.0.0.0, port 0
-//   a.fromString("192.168.1.7:80");
-//   sockaddr_in sa;
-//   a.toSockAddr(&sa, sizeof sa);           // for connect(), bind(), ...
+/// \class qce::cNetIPv4Address
+/// An IPv4 address with a port: the concrete type "TcpIpv4".
+///
+///   qce::cNetIPv4Address a;                 // 0.0.0.0, port 0
+///   a.fromString("192.168.1.7:80");
+///   sockaddr_in sa;
+///   a.toSockAddr(&sa, sizeof sa);           // for connect(), bind(), ...
 #ifndef QELCORE_QCE_NET_CNETIPV4ADDRESS_H
 #define QELCORE_QCE_NET_CNETIPV4ADDRESS_H
 
@@ -14,14 +15,17 @@ namespace qce {
 
 class QEL_EXPORT cNetIPv4Address : public cNetAbstractIPv4Address {
 public:
+  /// 0.0.0.0, port 0.
   cNetIPv4Address() : miValue(0), miPort(0) {}
-  // `value` holds the first part of the address in its lowest byte.
+  /// `value` holds the first part of the address in its lowest byte.
   cNetIPv4Address(unsigned int value, unsigned int port) : miValue(value), miPort(port & 0xFFFF) {}
   ~cNetIPv4Address() override;
 
+  /// Keeps the low 16 bits of `port`.
   void setAddress(unsigned int value, unsigned int port) override;
   void getAddress(unsigned int& value, unsigned int& port) const override;
   unsigned int port() const override { return miPort; }
+  /// The address value, first part in the lowest byte.
   unsigned int value() const { return miValue; }
 
   cNetAbstractAddress* clone() const override;
