@@ -28,8 +28,12 @@
 
 // After the library's headers: <windows.h> defines macros that would clash.
 #ifdef _WIN32
+#ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 #else
 #include <spawn.h>
