@@ -3,6 +3,8 @@
 // every module file of a directory), runs them on the main loop, and shows
 // on request what runs: components with their addresses, locations, module
 // information, interfaces and dependencies, the plug-ins, and the work queue.
+// With --serve it offers its components to other processes, with --connect
+// it brings in those of another host.
 // Run `qelhost --help` for the options.
 #include <algorithm>
 #include <cerrno>
@@ -11,6 +13,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,6 +26,7 @@ namespace {
 const char* const gUsage =
     "Usage: qelhost [options] MODULE|DIRECTORY...\n"
     "       qelhost --check MODULE\n"
+    "       qelhost --connect ADDR:PORT --secret FILE [options] [MODULE|DIRECTORY...]\n"
     "Loads component and plug-in modules and runs them on the main loop.\n"
     "\n"
     "  MODULE             a module file, or a module name (clock: libclock.so, clock.dll)\n"
@@ -36,12 +40,18 @@ const char* const gUsage =
     "  --for SECONDS      close after that many seconds (default: run until SIGINT or SIGTERM)\n"
     "  --dot FILE         write the work-queue graph (dot language) to FILE whenever the\n"
     "                     status is printed\n"
+    "  --serve ADDR:PORT  offer every loaded component to other processes at ADDR:PORT\n"
+    "                     (port 0: a free one; the address served is printed)\n"
+    "  --connect ADDR:PORT  bring in the components that the host at ADDR:PORT serves\n"
+    "  --secret FILE      the secret shared with the peers, readable by its owner only;\n"
+    "                     needed by --serve and --connect\n"
     "  --check MODULE     open the module file, report its sections and versions, run nothing\n"
     "  --trace            on failure, print the exception's causes and where it was raised\n"
     "  -h, --help         print this help and exit\n"
     "\n"
     "While running, SIGUSR1 prints the status (where the platform has that signal).\n"
-    "Exit codes: 0 success, 1 a module could not be loaded or failed, 2 bad arguments.\n";
+    "Exit codes: 0 success, 1 a module could not be loaded or failed, or a peer could not be\n"
+    "reached or refused the secret, 2 bad arguments.\n";
 
 enum ExitCode { eOk = 0, eFailed = 1, eUsage = 2 };
 
@@ -55,6 +65,9 @@ struct cOptions {
   std::vector<std::string> mModulePaths;
   std::string msDot;
   std::string msCheck;
+  std::string msServe;
+  std::string msConnect;
+  std::string msSecret;
   bool mbList = false;
   bool mbTrace = false;
   bool mbHelp = false;
@@ -79,6 +92,12 @@ cOptions parse(int argc, char** argv) {
       o.mModulePaths.push_back(value());
     } else if (arg == "--dot") {
       o.msDot = value();
+    } else if (arg == "--serve") {
+      o.msServe = value();
+    } else if (arg == "--connect") {
+      o.msConnect = value();
+    } else if (arg == "--secret") {
+      o.msSecret = value();
     } else if (arg == "--check") {
       o.msCheck = value();
     } else if (arg == "--for") {
@@ -95,7 +114,11 @@ cOptions parse(int argc, char** argv) {
   }
   if (o.mbHelp) return o;
   if (!o.msCheck.empty() && !o.mModules.empty()) throw cUsageError{"--check takes one module and runs nothing"};
-  if (o.msCheck.empty() && o.mModules.empty()) throw cUsageError{"no modules given"};
+  if (o.msCheck.empty() && o.mModules.empty() && o.msConnect.empty()) throw cUsageError{"no modules given"};
+  if ((!o.msServe.empty() || !o.msConnect.empty()) && o.msSecret.empty())
+    throw cUsageError{"--serve and --connect need --secret FILE"};
+  if (!o.msCheck.empty() && (!o.msServe.empty() || !o.msConnect.empty()))
+    throw cUsageError{"--check runs nothing, so it neither serves nor connects"};
   if (o.mbList && o.mdFor >= 0) throw cUsageError{"--list and --for exclude each other"};
   return o;
 }
@@ -163,6 +186,18 @@ protected:
   }
 };
 
+// Sends the debug output to `out` while it lives.
+class cRedirectedOut {
+public:
+  explicit cRedirectedOut(qpi::cAbstractOut& out) : mpPrevious(qpi::cAbstractOut::install(&out)) {}
+  ~cRedirectedOut() { qpi::cAbstractOut::install(mpPrevious); }
+  cRedirectedOut(const cRedirectedOut&) = delete;
+  cRedirectedOut& operator=(const cRedirectedOut&) = delete;
+
+private:
+  qpi::cAbstractOut* mpPrevious;
+};
+
 class cHost : public qpi::cAbstractQELApp, public qrmi::cConnectable {
 public:
   explicit cHost(const cOptions& options) : mOptions(options), mMgr(qpi::system().coreExtensions()) {
@@ -170,7 +205,12 @@ public:
     mMgr.setApp(*this);
     mExtension = qpi::cPlatform::createPlatformInfo()->osSharedObjectFileExtension().c_str();
   }
-  ~cHost() override { qpi::system().setApp(nullptr); }
+  ~cHost() override {
+    // The peers go before the manager they add to and export from.
+    mpClient.reset();
+    mpServer.reset();
+    qpi::system().setApp(nullptr);
+  }
 
   // Loads every module named on the command line.
   void load() {
@@ -183,12 +223,49 @@ public:
     }
   }
 
+  // --serve and --connect. A peer that cannot be reached, or that refuses
+  // the secret, is a failure of the host like a module that cannot load.
+  void openRemote() {
+    if (mOptions.msSecret.empty()) return;
+    qcs::cRemoteOptions options;
+    options.loadSecretFile(fromText(mOptions.msSecret));
+    if (!mOptions.msServe.empty()) {
+      mpServer.reset(new qcs::cRemoteComponentServer(mMgr, options));
+      for (qcs::cManagedComponent* managed : mMgr.components()) mpServer->exportComponent(managed->component());
+      mpServer->listen(qstd::cAsciiString(mOptions.msServe.c_str()));
+      const std::string where = mOptions.msServe.substr(0, mOptions.msServe.rfind(':'));
+      std::printf("qelhost: serving %u component%s on %s:%u\n", mMgr.components().size(),
+                  mMgr.components().size() == 1 ? "" : "s", where.c_str(), mpServer->port());
+      std::fflush(stdout);
+    }
+    if (!mOptions.msConnect.empty()) {
+      mpClient.reset(new qcs::cRemoteComponentClient(mMgr, options));
+      mpClient->connect(qstd::cAsciiString(mOptions.msConnect.c_str()));
+      // The session reports a refused or lost connection on the debug
+      // output too; the host's own line says it, the details are for --trace.
+      cCollectingOut details;
+      bool connected = false;
+      {
+        cRedirectedOut redirect(details);
+        connected = mpClient->waitConnected(10000);
+      }
+      if (mOptions.mbTrace) std::fprintf(stderr, "%s", details.msText.c_str());
+      if (!connected)
+        throw cModuleError{"cannot connect to " + mOptions.msConnect + ": " +
+                           (mpClient->lastError().size() ? mpClient->lastError().c_str() : "no answer")};
+    }
+  }
+
   // Runs the main loop: until the passes are done (--list), for a while
   // (--for), or until a signal says to close.
   void run() {
     qstd::tSharedObject<qpi::cWork> watch =
         qpi::schedule(*this, &cHost::sltWatch, 50, qpi::cWork::Periodic, "qelhost signals");
     if (mOptions.mbList) {
+      // The peer's components follow its acceptance of the connection; wait
+      // for them a little (a peer that serves none costs those 3 s).
+      const qstd::cTime start;
+      while (mpClient && !hasRemote() && start.diff().toMSec() < 3000) qpi::system().exec();
       for (int i = 0; i < 1000 && mMgr.passRequested(); ++i) qpi::system().exec();
       printStatus();
     } else {
@@ -206,6 +283,7 @@ public:
   // The closing sequence. A component that advises against closing is
   // overruled: the host was told to close.
   void close() {
+    if (mpClient) mpClient->close();
     if (!mMgr.applicationCloseAdvisable(*this))
       std::fprintf(stderr, "qelhost: a component advised against closing; closing all the same\n");
     mMgr.submitShortlyRemove();
@@ -213,6 +291,12 @@ public:
   }
 
 private:
+  bool hasRemote() const {
+    for (const qcs::cManagedComponent* managed : mMgr.components())
+      if (!managed->component().isLocal()) return true;
+    return false;
+  }
+
   void loadDirectory(const qio::cPath& dir) {
     qstd::tVector<qucs::cString> names;
     qio::cDir(dir).entryNames(names);
@@ -292,8 +376,11 @@ private:
       const qcs::cAbstractComponent& c = managed->component();
       std::printf("  %s %s: %s%s\n", c.address().toString().c_str(), c.moduleInfo().name().c_str(),
                   c.announced() ? "announced" : "not announced", c.toRemove() ? ", to be removed" : "");
-      std::printf("    location   %s\n", c.location().toString().c_str());
-      printModule(c);
+      std::printf("    location   %s%s\n", c.location().toString().c_str(), c.isLocal() ? "" : " (remote)");
+      if (c.isLocal())
+        printModule(c);
+      else
+        std::printf("    module     (a proxy: the module runs in the peer)\n");
       printInterfaces(c);
       const qstd::tPtrVector<qcs::cInterfaceDep>& deps = c.interfaceDeps();
       for (unsigned int i = 0; i < deps.size(); ++i) {
@@ -324,9 +411,10 @@ private:
     }
     std::printf("work queue\n");
     cCollectingOut dump;
-    qpi::cAbstractOut* previous = qpi::cAbstractOut::install(&dump);
-    qpi::system().workQueue().debugDump(qpi::cAbstractOut::LevelInfo);
-    qpi::cAbstractOut::install(previous);
+    {
+      cRedirectedOut redirect(dump);
+      qpi::system().workQueue().debugDump(qpi::cAbstractOut::LevelInfo);
+    }
     std::printf("%s", dump.msText.c_str());
     if (!mOptions.msDot.empty()) writeDot();
     std::fflush(stdout);
@@ -347,6 +435,8 @@ private:
   std::string mExtension;
   qcs::cModuleMgr mMgr;
   qcs::cPlugInMgr mPlugIns;
+  std::unique_ptr<qcs::cRemoteComponentServer> mpServer;
+  std::unique_ptr<qcs::cRemoteComponentClient> mpClient;
 };
 
 // --check: the module's sections and versions, without creating anything.
@@ -394,6 +484,7 @@ int host(const cOptions& options) {
 #endif
   cHost host(options);
   host.load();
+  host.openRemote();
   host.run();
   host.close();
   return eOk;

@@ -35,6 +35,14 @@ expect() {  # expect CODE TEXT DESCRIPTION: the exit code, and TEXT in stdout+st
   [ "$rc" -eq "$1" ] && grep -qF -- "$2" <<<"$out$err" || fail "$3"
 }
 
+terminate() {  # terminate NAME: SIGTERM to the background qelhost $pid; sets rc, out and err from NAME.out/err
+  kill -TERM "$pid"
+  wait "$pid"
+  rc=$?
+  out=$(cat "$work/$1.out")
+  err=$(cat "$work/$1.err")
+}
+
 one_error_line() {  # a failure is one line on stderr, nothing on stdout
   [ "$(grep -c . <<<"$err")" -eq 1 ] && [ -z "$out" ] || fail "$1: not one line on stderr"
 }
@@ -43,7 +51,8 @@ run --help
 expect 0 "Usage: qelhost" "--help prints the usage"
 
 # Bad command lines: exit code 2 and a pointer to --help.
-for args in "" "--bogus x" "--for soon x" "--dot" "--check a b" "--list --for 1 x"; do
+for args in "" "--bogus x" "--for soon x" "--dot" "--check a b" "--list --for 1 x" "--serve 127.0.0.1:0 x" \
+    "--connect 127.0.0.1:1"; do
   # shellcheck disable=SC2086
   run $args
   expect 2 "qelhost --help shows the usage" "bad arguments \"$args\""
@@ -110,12 +119,43 @@ if [ ${#runner[@]} -eq 0 ]; then
   for _ in $(seq 100); do grep -q "SIGINT or SIGTERM closes" "$work/signal.out" && break; sleep 0.1; done
   kill -USR1 $pid
   for _ in $(seq 100); do grep -q "^work queue" "$work/signal.out" && break; sleep 0.1; done
-  kill -TERM $pid
-  wait $pid
-  rc=$?
-  out=$(cat "$work/signal.out")
-  err=$(cat "$work/signal.err")
+  terminate signal
   expect 0 "components (2)" "SIGUSR1 prints the status, SIGTERM closes"
+fi
+
+# Remote: one host serves the clock, another connects and its alarm matches the
+# remote clock; once the server has gone its port is unreachable (not under a runner).
+if [ ${#runner[@]} -eq 0 ]; then
+  secret="$work/secret"
+  echo "qelhost test secret" >"$secret"
+  chmod 644 "$secret"
+  run --list --serve 127.0.0.1:0 --secret "$secret" "$(module "$examples" clock)"
+  expect 1 "$secret" "a secret file that others may read"
+  one_error_line "a secret file that others may read"
+  chmod 600 "$secret"
+
+  clock=$(module "$examples" clock)
+  "$host" --serve 127.0.0.1:0 --secret "$secret" --for 30 "$clock" >"$work/serve.out" 2>"$work/serve.err" &
+  pid=$!
+  port=
+  for _ in $(seq 100); do
+    port=$(sed -n 's/^qelhost: serving .* on 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$work/serve.out")
+    [ -n "$port" ] && break
+    sleep 0.1
+  done
+  run --list --connect "127.0.0.1:$port" --secret "$secret" -L "$examples" alarm
+  expect 0 "depends on Clock (first-best): matched" "--connect matches a served component"
+  grep -qF "(remote)" <<<"$out" || fail "--list shows the remote component's location"
+  echo "another secret" >"$work/wrong" && chmod 600 "$work/wrong"
+  run --list --connect "127.0.0.1:$port" --secret "$work/wrong" -L "$examples" alarm
+  expect 1 "cannot connect to 127.0.0.1:$port" "a peer that refuses the secret"
+  one_error_line "a peer that refuses the secret"
+  terminate serve
+  expect 0 "serving 1 component on" "--serve, closed by SIGTERM"
+
+  run --list --connect "127.0.0.1:$port" --secret "$secret" -L "$examples" alarm
+  expect 1 "cannot connect to 127.0.0.1:$port" "an unreachable peer"
+  one_error_line "an unreachable peer"
 fi
 
 if [ $failures -ne 0 ]; then
