@@ -11,9 +11,13 @@
 #endif
 #if defined(QEL_POOL_ASAN)
 #include <sanitizer/asan_interface.h>
-// A cached block is poisoned: a use after release is still reported.
-#define QEL_POOL_POISON(p, n) ASAN_POISON_MEMORY_REGION(p, n)
-#define QEL_POOL_UNPOISON(p, n) ASAN_UNPOISON_MEMORY_REGION(p, n)
+// A cached block is poisoned past its link: a use after release is still
+// reported, and the leak checker (which skips poisoned words) still follows
+// the free list from the thread's cache, so cached blocks are not leaks.
+#define QEL_POOL_POISON(p, n) \
+  ASAN_POISON_MEMORY_REGION(static_cast<char*>(static_cast<void*>(p)) + sizeof(void*), (n) - sizeof(void*))
+#define QEL_POOL_UNPOISON(p, n) \
+  ASAN_UNPOISON_MEMORY_REGION(static_cast<char*>(static_cast<void*>(p)) + sizeof(void*), (n) - sizeof(void*))
 #else
 #define QEL_POOL_POISON(p, n) ((void)(p), (void)(n))
 #define QEL_POOL_UNPOISON(p, n) ((void)(p), (void)(n))
