@@ -253,8 +253,10 @@ bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
     if (executed) executedAny = true;
   }
   mbExecuted = executedAny;
-  if (executedAny && !(mpEvents && mpEvents->isAsynchronous())) lastWait = 0;
-  if (wait) *wait = lastWait;
+  // After running works a synchronous processor is handed no wait, so that
+  // the caller sees at once what they did; whether it is called at all still
+  // follows the pass's own wait.
+  if (wait) *wait = executedAny && !(mpEvents && mpEvents->isAsynchronous()) ? 0 : lastWait;
   return miAsync != 0 || (miTimed != 0 && lastWait != 0);
 }
 

@@ -84,19 +84,29 @@ TEST(WorkQueuePass, WaitsAreHandedToTheProcessor) {
   EXPECT_TRUE(events->waits.empty()) << "an empty queue needs no wait";
 
   cJob job;
-  tSharedObject<cWork> w = makeJob(q, job, "far");
-  w->start(60000, cWork::SingleTask);
+  tSharedObject<cWork> far = makeJob(q, job, "far");
+  far->start(60000, cWork::SingleTask);
   q.process();
   ASSERT_EQ(events->waits.size(), 1u);
   EXPECT_GT(events->waits[0], 59000u);
   EXPECT_LE(events->waits[0], 60000u);
 
-  // A pass that ran something does not wait.
+  // A pass that ran something while another work is pending does not wait,
+  // but still yields.
   tSharedObject<cWork> due = makeJob(q, job, "due");
   due->start(0, cWork::SingleTask);
   q.process();
   EXPECT_EQ(job.calls, 1);
-  EXPECT_EQ(events->waits.size(), 1u);
+  ASSERT_EQ(events->waits.size(), 2u);
+  EXPECT_EQ(events->waits[1], 0u);
+
+  // With nothing left that has a wait, a pass that ran something yields not at all.
+  far->stop();
+  tSharedObject<cWork> last = makeJob(q, job, "last");
+  last->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(job.calls, 2);
+  EXPECT_EQ(events->waits.size(), 2u);
 }
 
 TEST(WorkQueuePass, OnlyAsynchronousWorksWaitTenSeconds) {
