@@ -70,10 +70,7 @@ void cAbstractRunnable::threadEntry(void* self) {
 }
 
 void cAbstractRunnable::stop() {
-  {
-    cLocker::cLock guard(mpData->mLocker.lock());
-    if (mpData->miState == Starting || mpData->miState == Running) mpData->miState = StopInProgress;
-  }
+  mpData->set(StopInProgress);
   if (mpData->mpThread) mpData->mpThread->stop();
 }
 

@@ -45,8 +45,9 @@ public:
   /// Starts run() on a new thread; a thread of an earlier start is stopped
   /// first. cOSErrorException when the system refuses a thread.
   void start();
-  /// Asks run() to return (state 3 while it runs) and waits for the thread.
-  /// An idle or finished runnable keeps its state.
+  /// Asks run() to return (state 3) and waits for the thread. The state is
+  /// 3 afterwards unless a thread ran out meanwhile (4): also an idle or a
+  /// finished runnable reports a stop in progress until it is started again.
   void stop();
 
   /// One of State.

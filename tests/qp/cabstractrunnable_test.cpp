@@ -44,19 +44,31 @@ TEST(Runnable, GoesFromIdleThroughRunningToFinished) {
   cWorker w;
   EXPECT_EQ(w.state(), cAbstractRunnable::Idle);
   EXPECT_FALSE(w.isActive());
-  w.stop();  // never started: stays idle
-  EXPECT_EQ(w.state(), cAbstractRunnable::Idle);
   w.start();
   qeltest::waitFinished(w);
   EXPECT_FALSE(w.isActive());
   EXPECT_FALSE(w.isRunning());
   EXPECT_EQ(w.runs.load(), 1);
-  w.stop();
-  EXPECT_EQ(w.state(), cAbstractRunnable::Finished);
 
   w.start();  // the finished thread is stopped and a new one runs
   qeltest::waitFinished(w);
   EXPECT_EQ(w.runs.load(), 2);
+}
+
+TEST(Runnable, StopAlwaysMarksAStopInProgress) {
+  cWorker never;
+  never.stop();
+  EXPECT_EQ(never.state(), cAbstractRunnable::StopInProgress);
+  EXPECT_TRUE(never.isActive());
+
+  cWorker ran;
+  ran.start();
+  qeltest::waitFinished(ran);
+  ran.stop();  // the thread has ended: nothing is left to wait for
+  EXPECT_EQ(ran.state(), cAbstractRunnable::StopInProgress);
+  ran.start();
+  qeltest::waitFinished(ran);
+  EXPECT_EQ(ran.runs.load(), 2);
 }
 
 TEST(Runnable, StopAsksRunToReturnAndWaitsForIt) {
