@@ -16,7 +16,7 @@
 /// \endcode
 ///
 /// lock(), tryLock() and unlock() only build the request; the guard built from
-/// it does the locking. The mutex is recursive. tryLock() really tries on
+/// it does the locking (`qp::cLocker::cLock guard = mutex.lock();` works too). The mutex is recursive. tryLock() really tries on
 /// POSIX systems; on Windows it is not supported and the guard throws.
 ///
 /// The two cUnlock constructors differ on purpose: cUnlock(mutex.unlock())
@@ -47,7 +47,7 @@ public:
   class cLock {
   public:
     /// Takes (or tries to take) the locker of the request.
-    explicit cLock(const cLockRef& r) : mpLocker(r.mpLocker), mbLocked(true) {
+    cLock(const cLockRef& r) : mpLocker(r.mpLocker), mbLocked(true) {
       if (r.mbTry)
         mbLocked = mpLocker->doTryLock();
       else
@@ -75,7 +75,7 @@ public:
   class cUnlock {
   public:
     /// Releases the locker of the request now.
-    explicit cUnlock(const cUnlockRef& r) : mpLocker(r.mpLocker) { mpLocker->doUnlock(); }
+    cUnlock(const cUnlockRef& r) : mpLocker(r.mpLocker) { mpLocker->doUnlock(); }
     /// Releases nothing; takes `locker` (unless null) once more at the end.
     explicit cUnlock(cLocker* locker) : mpLocker(locker) {
       if (mpLocker) mpLocker->unlock();

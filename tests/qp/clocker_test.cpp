@@ -50,7 +50,7 @@ TEST(Locker, GuardsLockForTheirLifetimeAndNest) {
   EXPECT_TRUE(probe.free());
   {
     cLocker::cLock outer(m.lock());
-    cLocker::cLock inner(m.lock());  // recursive
+    cLocker::cLock inner = m.lock();  // recursive
     EXPECT_TRUE(outer.isLocked());
     EXPECT_FALSE(probe.free());
   }
