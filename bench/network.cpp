@@ -25,28 +25,8 @@
 #include "qelcore/qce/net++/cnetabstractserver.h"
 #include "qelcore/rmi/cconnectable.h"
 
-// Live bytes from operator new, for the idle-connection figure.
-namespace {
-std::atomic<long long> gLiveBytes(0);
-}
+#include "livebytes.h"
 
-void* operator new(std::size_t size) {
-  std::size_t* p = static_cast<std::size_t*>(std::malloc(size + sizeof(std::max_align_t)));
-  if (!p) throw std::bad_alloc();
-  *p = size;
-  gLiveBytes += static_cast<long long>(size);
-  return reinterpret_cast<char*>(p) + sizeof(std::max_align_t);
-}
-void operator delete(void* ptr) noexcept {
-  if (!ptr) return;
-  std::size_t* p = reinterpret_cast<std::size_t*>(static_cast<char*>(ptr) - sizeof(std::max_align_t));
-  gLiveBytes -= static_cast<long long>(*p);
-  std::free(p);
-}
-void operator delete(void* ptr, std::size_t) noexcept { operator delete(ptr); }
-void* operator new[](std::size_t size) { return operator new(size); }
-void operator delete[](void* ptr) noexcept { operator delete(ptr); }
-void operator delete[](void* ptr, std::size_t) noexcept { operator delete(ptr); }
 
 namespace {
 
@@ -280,7 +260,7 @@ void BM_IdleConnectionBytes(benchmark::State& state) {
     cEchoPeers peers(server, true);
     server.listen();
     queue.process();
-    const long long before = gLiveBytes.load();
+    const long long before = qelbench::liveBytes();
     std::vector<std::unique_ptr<cCountingClient>> clients;
     for (int i = 0; i < pairs; ++i) {
       clients.emplace_back(new cCountingClient(queue));
@@ -293,7 +273,7 @@ void BM_IdleConnectionBytes(benchmark::State& state) {
       if (done) break;
       queue.process();
     }
-    const long long after = gLiveBytes.load();
+    const long long after = qelbench::liveBytes();
     state.counters["bytes_per_connection"] = static_cast<double>(after - before) / (2 * pairs);
   }
 }

@@ -22,7 +22,8 @@ cRemoteOptions::cRemoteOptions()
       miMaxPendingCalls(64),
       miCallTimeout(30000),
       miHandshakeTimeout(10000),
-      miMaxComponents(1024) {}
+      miMaxComponents(1024),
+      miMaxSendBacklog(16u << 20) {}
 
 cRemoteOptions::~cRemoteOptions() {
   if (!msSecret.empty()) detail::wipe(const_cast<char*>(msSecret.c_str()), msSecret.size());

@@ -78,6 +78,13 @@ public:
   void setMaxComponents(unsigned int components) { miMaxComponents = components; }
   /// The limit of components per peer.
   unsigned int maxComponents() const { return miMaxComponents; }
+  /// Most bytes that may wait to be written to a peer (default 16 MiB). A
+  /// peer that stops reading while this process keeps sending (results,
+  /// signal emissions) is disconnected when its backlog would pass this,
+  /// instead of making the process buffer without bound.
+  void setMaxSendBacklog(unsigned int bytes) { miMaxSendBacklog = bytes; }
+  /// The send backlog limit in bytes.
+  unsigned int maxSendBacklog() const { return miMaxSendBacklog; }
 
 private:
   qstd::cAsciiString msSecret;
@@ -86,6 +93,7 @@ private:
   unsigned int miCallTimeout;
   unsigned int miHandshakeTimeout;
   unsigned int miMaxComponents;
+  unsigned int miMaxSendBacklog;
 };
 
 }  // namespace qcs

@@ -44,6 +44,7 @@ public:
     }
     mpPeer->feed(data, size);
   }
+  std::size_t backlog() const override { return mHeld.size(); }
   // The peer notices, as it would on a socket.
   void close() override {
     ++miClosed;
@@ -378,6 +379,27 @@ TEST(RemoteSession, ACallBeyondThePendingLimitFailsAtOnce) {
   qeltest::caught<qcs::cRMIException>([&] { user.mUse.add(1); });
   EXPECT_EQ(second, "Unable to call slot \"add\" on interface 0! / Too many pending remote calls (1)!");
   qpi::system().workQueue().removeJob(*nested);
+}
+
+TEST(RemoteSession, APeerThatStopsReadingIsDroppedAtTheBacklogLimit) {
+  cPair pair;
+  pair.mServerOptions.setMaxSendBacklog(4096);
+  cTickerApi& ticker =
+      static_cast<cTickerApi&>(pair.mpCounter->addInterface(qstd::tAutoPtr<qcs::cAbstractInterface>(new cTickerApi)));
+  cTickerUser& user = static_cast<cTickerUser&>(pair.mClientSide.mMgr.addComponent(
+      qstd::tAutoPtr<qcs::cAbstractComponent>(new cTickerUser(pair.mClientSide.mMgr)), qcs::cComponentAddr()));
+  pair.connect();
+  pair.mToClient.mbHold = true;
+  for (int i = 0; i < 2000 && !pair.mpServer->closed(); ++i) {
+    ticker.sigTick.emit(i);
+    if (i % 100 == 99) qpi::system().exec();
+  }
+  EXPECT_TRUE(pair.mpServer->closed());
+  EXPECT_LE(pair.mToClient.mHeld.size(), 4096u);
+  EXPECT_EQ(std::string(pair.mpServer->closeReason().c_str()).rfind("The peer does not read: ", 0), 0u)
+      << pair.mpServer->closeReason().c_str();
+  EXPECT_EQ(pair.mToClient.miClosed, 1);
+  EXPECT_TRUE(user.mUse.mvTicks.empty());
 }
 
 TEST(RemoteSession, EitherEndMayGoFirst) {

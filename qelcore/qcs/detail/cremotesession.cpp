@@ -564,10 +564,19 @@ public:
   // that a peer that answers at once (from inside the sink) cannot see them
   // out of order. Bytes flushed from inside the sink follow the bytes being
   // sent, since a receiver takes a whole send before it looks at it.
+  // A peer that does not read is dropped before its backlog passes the
+  // limit: nothing else bounds what this end would buffer for it.
   void flush() {
     while (!mQueue.empty() && !mbClosed) {
       std::vector<char> chunk;
       chunk.swap(mQueue);
+      const std::size_t backlog = mSink.backlog();
+      if (backlog + chunk.size() > mOptions.maxSendBacklog()) {
+        fail(qstd::cRuntimeException(qucs::cLIMessage("$QTR$The peer does not read: %bytes% bytes wait for it!")
+                                         << static_cast<unsigned long long>(backlog + chunk.size()),
+                                     __FILE__, __LINE__));
+        return;
+      }
       mSink.send(chunk.data(), static_cast<unsigned int>(chunk.size()));
     }
   }
@@ -889,6 +898,8 @@ void cRemoteSessionImpl::forwardSignals(cExported& exported) {
 
 cRemoteSink::~cRemoteSink() {}
 void cRemoteSink::established() {}
+
+std::size_t cRemoteSink::backlog() const { return 0; }
 
 cRemoteSession::cRemoteSession(Role role, cModuleMgr& mgr, const cRemoteOptions& options, cRemoteSink& sink)
     : mpImpl(new cRemoteSessionImpl(role, mgr, options, sink)) {}

@@ -68,6 +68,9 @@ public:
   virtual void close() = 0;
   /// The peer has been authenticated. Here: nothing.
   virtual void established();
+  /// Bytes sent but not yet taken by the peer. Here: 0 (a sink that
+  /// cannot tell is never held to the backlog limit).
+  virtual std::size_t backlog() const;
 };
 
 class cRemoteSessionImpl;

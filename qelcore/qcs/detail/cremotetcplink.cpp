@@ -33,6 +33,8 @@ void cRemoteTcpLink::close() {
   mConnection.close();
 }
 
+std::size_t cRemoteTcpLink::backlog() const { return mConnection.pendingSendBytes(); }
+
 void cRemoteTcpLink::established() {
   if (mOnEstablished) mOnEstablished();
 }

@@ -38,6 +38,7 @@ public:
   void send(const char* data, unsigned int size) override;
   void close() override;
   void established() override;
+  std::size_t backlog() const override;
 
 private:
   qsa::piVoid sltConnected(qce::cNetAbstractConnection& c);
