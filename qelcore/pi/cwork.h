@@ -3,14 +3,16 @@
 /// runs once when its interval has passed, a periodic task, or an
 /// asynchronous I/O task that runs when the I/O data it owns reports an event.
 ///
-///   class cSaver : public qrmi::cConnectable {
-///   public:
-///     qsa::piVoid sltSave() { ...; return qsa::piVoid(); }
-///   };
-///   qstd::tSharedObject<qpi::cWork> w = qpi::system().workQueue().createJob();
-///   w->setName("autosave");
-///   w->sigTrigger.connect(saver, &cSaver::sltSave);
-///   w->start(5000, qpi::cWork::Periodic);     // every five seconds
+/// \code
+/// class cSaver : public qrmi::cConnectable {
+/// public:
+///   qsa::piVoid sltSave() { ...; return qsa::piVoid(); }
+/// };
+/// qstd::tSharedObject<qpi::cWork> w = qpi::system().workQueue().createJob();
+/// w->setName("autosave");
+/// w->sigTrigger.connect(saver, &cSaver::sltSave);
+/// w->start(5000, qpi::cWork::Periodic);     // every five seconds
+/// \endcode
 ///
 /// Running a work is action(): it emits sigTrigger. An exception that escapes
 /// is offered to the work's own sigActionError handler or, failing that, to

@@ -2,12 +2,14 @@
 /// The main loop: a queue of works (cWork) that runs the due ones and waits
 /// through its event processor until the next one is due.
 ///
-///   qpi::cWorkQueue queue;
-///   queue.setEvents(qpi::cPlatform::createProcessEvents());
-///   qstd::tSharedObject<qpi::cWork> w = queue.createJob();
-///   w->sigTrigger.connect(saver, &cSaver::sltSave);
-///   w->start(100, qpi::cWork::SingleTask);
-///   for (;;) queue.process();           // one pass and one wait per call
+/// \code
+/// qpi::cWorkQueue queue;
+/// queue.setEvents(qpi::cPlatform::createProcessEvents());
+/// qstd::tSharedObject<qpi::cWork> w = queue.createJob();
+/// w->sigTrigger.connect(saver, &cSaver::sltSave);
+/// w->start(100, qpi::cWork::SingleTask);
+/// for (;;) queue.process();           // one pass and one wait per call
+/// \endcode
 ///
 /// The system object owns the application's main queue (qpi::system()
 /// .workQueue(); qpi::schedule() adds to it).

@@ -3,10 +3,12 @@
 /// triggered and, with debugging enabled, when that last happened and from
 /// where it was last started.
 ///
-///   work.statistic().setDebug(true);       // or cWork::enableDebug() for all new works
-///   work.start(10, qpi::cWork::SingleTask);
-///   work.statistic().numStarted();         // 1
-///   work.statistic().debugInfo()->lastStart;
+/// \code
+/// work.statistic().setDebug(true);       // or cWork::enableDebug() for all new works
+/// work.start(10, qpi::cWork::SingleTask);
+/// work.statistic().numStarted();         // 1
+/// work.statistic().debugInfo()->lastStart;
+/// \endcode
 #ifndef QELCORE_PI_CWORKSTAT_H
 #define QELCORE_PI_CWORKSTAT_H
 

@@ -1,17 +1,19 @@
 /// \file
 /// Scheduling on the system's main work queue.
 ///
-///   class cClock : public qrmi::cConnectable {
-///   public:
-///     qsa::piVoid sltTick();
-///   };
-///   cClock clock;
-///   qstd::tSharedObject<qpi::cWork> tick = qpi::schedule(
-///       qrmi::cDirectLocalSlotCall0<cClock, qsa::piVoid>(clock, &cClock::sltTick, nullptr), 1000,
-///       qpi::cWork::Periodic, "clock tick");
-///   qpi::schedule(clock, &cClock::sltTick, 0, "tick once now");   // the same, shorter
-///   ...
-///   tick->stop();
+/// \code
+/// class cClock : public qrmi::cConnectable {
+/// public:
+///   qsa::piVoid sltTick();
+/// };
+/// cClock clock;
+/// qstd::tSharedObject<qpi::cWork> tick = qpi::schedule(
+///     qrmi::cDirectLocalSlotCall0<cClock, qsa::piVoid>(clock, &cClock::sltTick, nullptr), 1000,
+///     qpi::cWork::Periodic, "clock tick");
+/// qpi::schedule(clock, &cClock::sltTick, 0, "tick once now");   // the same, shorter
+/// ...
+/// tick->stop();
+/// \endcode
 ///
 /// A work scheduled without a name (null) is scheduled all the same; the
 /// debug output notes where that happened.

@@ -62,8 +62,10 @@ private:
 /// The handle as a signal's connect() gives it out: a cConnection that also
 /// reaches the slot call of its connection with the signal's type for it.
 ///
-///   auto c = sig.connect(bell, &cBell::sltRing);
-///   qpi::cWork* work = c->createWork(3);
+/// \code
+/// auto c = sig.connect(bell, &cBell::sltRing);
+/// qpi::cWork* work = c->createWork(3);
+/// \endcode
 template <class S>
 class tConnection : public cConnection {
 public:

@@ -2,16 +2,18 @@
 /// A signal whose slots are member functions of connectables, bound to C++
 /// types at compile time.
 ///
-///   class cDoor : public qrmi::cConnectable {
-///   public:
-///     qrmi::localSignal1<piVoid, int> sigOpened;
-///   };
-///   class cBell : public qrmi::cConnectable {
-///   public:
-///     piVoid sltRing(int times);
-///   };
-///   door.sigOpened.connect(bell, &cBell::sltRing);
-///   door.sigOpened(3);
+/// \code
+/// class cDoor : public qrmi::cConnectable {
+/// public:
+///   qrmi::localSignal1<piVoid, int> sigOpened;
+/// };
+/// class cBell : public qrmi::cConnectable {
+/// public:
+///   piVoid sltRing(int times);
+/// };
+/// door.sigOpened.connect(bell, &cBell::sltRing);
+/// door.sigOpened(3);
+/// \endcode
 ///
 /// The signal owns one slot call per connection. A receiver's destruction
 /// removes its slot calls; the signal's destruction destroys all of them.
@@ -19,7 +21,9 @@
 /// Slots may also be member functions declared void (signals with result
 /// piVoid), and lambdas or functions that belong to a receiver:
 ///
-///   door.sigOpened.connect(bell, [&bell](int times) { bell.ring(times); });
+/// \code
+/// door.sigOpened.connect(bell, [&bell](int times) { bell.ring(times); });
+/// \endcode
 ///
 /// Declaring a signal needs this header only; publishing slots by name
 /// (registerPublicSlot) is in cindirectresolvingslotcalln.h.

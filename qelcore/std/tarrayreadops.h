@@ -2,10 +2,12 @@
 /// The read operations that arrays and array views share: searching and
 /// comparing their elements. A class gets them by deriving from
 /// tArrayReadOps<itself, T> and providing, to this class as a friend:
-///   const T* readElements() const;       its elements (may be null when empty)
-///   unsigned int readLength() const;
-///   static const char* readClassName();  named in range errors ("tArray")
-///   static const char* readSource();     named in assertions ("std/tarray")
+/// \code
+/// const T* readElements() const;       its elements (may be null when empty)
+/// unsigned int readLength() const;
+/// static const char* readClassName();  named in range errors ("tArray")
+/// static const char* readSource();     named in assertions ("std/tarray")
+/// \endcode
 #ifndef QELCORE_STD_TARRAYREADOPS_H
 #define QELCORE_STD_TARRAYREADOPS_H
 

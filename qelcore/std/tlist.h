@@ -4,10 +4,12 @@
 /// stay valid), and purge() removes the marked entries once no walk is under
 /// way. Appending during a walk is safe too; the walk reaches the new entries.
 ///
-///   for (auto it = works.begin(); it != works.end(); ++it) {
-///     if (done(*it)) it.eraseLater();  // or works.eraseLater(it)
-///   }
-///   works.purge();
+/// \code
+/// for (auto it = works.begin(); it != works.end(); ++it) {
+///   if (done(*it)) it.eraseLater();  // or works.eraseLater(it)
+/// }
+/// works.purge();
+/// \endcode
 ///
 /// erase() removes at once and must not hit an entry that a walk stands on.
 #ifndef QELCORE_STD_TLIST_H

@@ -4,10 +4,12 @@
 /// instead of \<vector\>, which weighs ten times as much as everything else
 /// such a header includes.
 ///
-///   qstd::tSimpleVector<cAbstractSignal*> signals{&a, &b};
-///   signals.push_back(&c);
-///   for (cAbstractSignal* s : signals) s->disconnect(*this);
-///   signals.erase(signals.begin(), signals.begin() + 1);
+/// \code
+/// qstd::tSimpleVector<cAbstractSignal*> signals{&a, &b};
+/// signals.push_back(&c);
+/// for (cAbstractSignal* s : signals) s->disconnect(*this);
+/// signals.erase(signals.begin(), signals.begin() + 1);
+/// \endcode
 ///
 /// Like tArray it moves its elements as memory, so T must be trivially
 /// copyable. Running out of memory throws the library's out-of-memory

@@ -3,9 +3,11 @@
 /// elements inside the object: short lists, the common case, never allocate.
 /// Beyond N the elements move to a heap block that doubles as it fills.
 ///
-///   qstd::tSmallVector<cSlot*, 1> slots;   // one connection: no allocation
-///   slots.push_back(&slot);
-///   for (cSlot* s : slots) ...;
+/// \code
+/// qstd::tSmallVector<cSlot*, 1> slots;   // one connection: no allocation
+/// slots.push_back(&slot);
+/// for (cSlot* s : slots) ...;
+/// \endcode
 ///
 /// Iterators and element references stay valid until the vector grows past
 /// its capacity or is swapped.

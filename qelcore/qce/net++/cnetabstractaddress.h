@@ -3,10 +3,12 @@
 /// peer and for the sender of received data. Concrete types come from
 /// network-address extensions, created by type name:
 ///
-///   qstd::tAutoPtr<qce::cNetAbstractAddress> a = qpi::system().coreExtensions().createNetAddress("TcpIpv4");
-///   a->fromString("10.0.0.1:8080");
-///   a->toString(qce::cNetAbstractAddress::WithPort);     // "10.0.0.1:8080"
-///   a->ipAddress();                                      // the IP view, or an exception
+/// \code
+/// qstd::tAutoPtr<qce::cNetAbstractAddress> a = qpi::system().coreExtensions().createNetAddress("TcpIpv4");
+/// a->fromString("10.0.0.1:8080");
+/// a->toString(qce::cNetAbstractAddress::WithPort);     // "10.0.0.1:8080"
+/// a->ipAddress();                                      // the IP view, or an exception
+/// \endcode
 ///
 /// Concrete addresses also convert to and from the platform's socket address
 /// (struct sockaddr_in, sockaddr_in6), so sockets of any kind take them.

@@ -3,13 +3,15 @@
 /// connection (one at a time) for its whole life, so receivers stay connected
 /// to the connection's signals across reconnects.
 ///
-///   qce::cNetAbstractClient client;                  // on the main queue
-///   client.connection().sigConnected.connect(app, &cApp::sltConnected);
-///   client.connection().sigData.connect(app, &cApp::sltData);
-///   client.connection().sigError.connect(app, &cApp::sltError);    // e.g. refused
-///   client.connectTo("127.0.0.1:4711");               // returns at once
-///   ...
-///   client.connection().send(bytes, n);               // kept until connected
+/// \code
+/// qce::cNetAbstractClient client;                  // on the main queue
+/// client.connection().sigConnected.connect(app, &cApp::sltConnected);
+/// client.connection().sigData.connect(app, &cApp::sltData);
+/// client.connection().sigError.connect(app, &cApp::sltError);    // e.g. refused
+/// client.connectTo("127.0.0.1:4711");               // returns at once
+/// ...
+/// client.connection().send(bytes, n);               // kept until connected
+/// \endcode
 ///
 /// connectTo() never blocks: it starts a non-blocking connect and returns;
 /// the outcome arrives as sigConnected, or as sigError followed by sigClosed.

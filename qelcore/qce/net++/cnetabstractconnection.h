@@ -3,15 +3,17 @@
 /// connects (cNetAbstractClient::connection()) and what a server hands out per
 /// accepted peer (cNetAbstractServer::sigAccepted).
 ///
-///   class cEcho : public qrmi::cConnectable {
-///   public:
-///     qsa::piVoid sltData(qce::cNetAbstractConnection& c) {
-///       c.send(c.receivedData(), c.receivedSize());
-///       c.consume(c.receivedSize());
-///       return qsa::piVoid();
-///     }
-///   };
-///   connection.sigData.connect(echo, &cEcho::sltData);
+/// \code
+/// class cEcho : public qrmi::cConnectable {
+/// public:
+///   qsa::piVoid sltData(qce::cNetAbstractConnection& c) {
+///     c.send(c.receivedData(), c.receivedSize());
+///     c.consume(c.receivedSize());
+///     return qsa::piVoid();
+///   }
+/// };
+/// connection.sigData.connect(echo, &cEcho::sltData);
+/// \endcode
 ///
 /// Receiving (pull, no copy). Received bytes collect in the connection's
 /// receive buffer. After each read from the network sigData is emitted; the

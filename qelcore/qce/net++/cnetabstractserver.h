@@ -2,18 +2,20 @@
 /// The listening side: a server listens on an address and hands out one
 /// cNetAbstractConnection per accepted peer, already connected.
 ///
-///   class cApp : public qrmi::cConnectable {
-///   public:
-///     qsa::piVoid sltAccepted(qce::cNetAbstractServer&, qstd::tAutoPtr<qce::cNetAbstractConnection>& c) {
-///       c->sigData.connect(*this, &cApp::sltData);
-///       mvPeers.push_back(std::unique_ptr<qce::cNetAbstractConnection>(c.release()));   // now ours
-///       return qsa::piVoid();
-///     }
-///   };
-///   qce::cNetAbstractServer server;            // on the main queue
-///   server.sigAccepted.connect(app, &cApp::sltAccepted);
-///   server.listen();                           // 127.0.0.1, a free port
-///   unsigned int port = server.port();
+/// \code
+/// class cApp : public qrmi::cConnectable {
+/// public:
+///   qsa::piVoid sltAccepted(qce::cNetAbstractServer&, qstd::tAutoPtr<qce::cNetAbstractConnection>& c) {
+///     c->sigData.connect(*this, &cApp::sltData);
+///     mvPeers.push_back(std::unique_ptr<qce::cNetAbstractConnection>(c.release()));   // now ours
+///     return qsa::piVoid();
+///   }
+/// };
+/// qce::cNetAbstractServer server;            // on the main queue
+/// server.sigAccepted.connect(app, &cApp::sltAccepted);
+/// server.listen();                           // 127.0.0.1, a free port
+/// unsigned int port = server.port();
+/// \endcode
 ///
 /// Ownership: sigAccepted carries the new connection in a tAutoPtr; the
 /// receiver that takes it (copies the tAutoPtr or calls release()) owns it

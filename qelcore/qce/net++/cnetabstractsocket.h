@@ -16,10 +16,12 @@
 /// processor cannot, so nothing needs to be set up by hand. To set it up
 /// yourself, before the first socket:
 ///
-///   qpi::cWorkQueue& queue = qpi::system().workQueue();
-///   queue.setEvents(qpi::cPlatform::createAIOProcessEvents());
-///   qce::cNetAbstractServer server(&queue);
-///   for (;;) queue.process();
+/// \code
+/// qpi::cWorkQueue& queue = qpi::system().workQueue();
+/// queue.setEvents(qpi::cPlatform::createAIOProcessEvents());
+/// qce::cNetAbstractServer server(&queue);
+/// for (;;) queue.process();
+/// \endcode
 ///
 /// A socket and its queue belong to one thread; other threads reach it by
 /// posting works to its queue (qpi::cWorkQueue::post).

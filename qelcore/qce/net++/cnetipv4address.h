@@ -1,10 +1,12 @@
 /// \class qce::cNetIPv4Address
 /// An IPv4 address with a port: the concrete type "TcpIpv4".
 ///
-///   qce::cNetIPv4Address a;                 // 0.0.0.0, port 0
-///   a.fromString("192.168.1.7:80");
-///   sockaddr_in sa;
-///   a.toSockAddr(&sa, sizeof sa);           // for connect(), bind(), ...
+/// \code
+/// qce::cNetIPv4Address a;                 // 0.0.0.0, port 0
+/// a.fromString("192.168.1.7:80");
+/// sockaddr_in sa;
+/// a.toSockAddr(&sa, sizeof sa);           // for connect(), bind(), ...
+/// \endcode
 #ifndef QELCORE_QCE_NET_CNETIPV4ADDRESS_H
 #define QELCORE_QCE_NET_CNETIPV4ADDRESS_H
 
