@@ -24,6 +24,7 @@
 #include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/rmi/cindirectresolvingslotcalln.h"
 #include "qelcore/rmi/cpublicsignal.h"
+#include "qelcore/rmi/remotesignaln.h"
 
 #include "livebytes.h"
 
@@ -33,32 +34,6 @@ using qsa::piVoid;
 
 // Bytes of a call frame of add(int) and of its result frame.
 enum : unsigned int { CallBytes = 63, ResultBytes = 36 };
-
-// A signal connectable by name (what the transport needs to forward it).
-class cIndirectSignal : public qrmi::cAbstractSignal {
-public:
-  ~cIndirectSignal() override {
-    for (qrmi::cAbstractSlotCall* c : mCalls) delete c;
-  }
-  void connectIndirect(qrmi::cConnectable& object, const qstd::cAsciiString& slot) override {
-    qrmi::cAbstractSlotCall* call = new qrmi::cIndirectLazySlotCall1<piVoid, int>(object, slot);
-    adopt(*call);
-    mCalls.push_back(call);
-  }
-  bool disconnectObject(const qrmi::cConnectable&) override { return false; }
-  bool disconnect(const qrmi::cConnectable&) override { return false; }
-  void emit(int value) {
-    piVoid ignored;
-    for (qrmi::cAbstractSlotCall* c : mCalls)
-      static_cast<qrmi::cAbstractSlotCallN<piVoid, int>*>(c)->invoke(ignored, value);
-  }
-
-protected:
-  qstd::cAsciiString parametersTypeString() const override { return qrmi::tTypeString<int>::list(); }
-
-private:
-  std::vector<qrmi::cAbstractSlotCall*> mCalls;
-};
 
 class cApi : public qcs::cAbstractInterface {
 public:
@@ -72,7 +47,7 @@ public:
   void connectInterface(cAbstractInterface&) override {}
   void disconnectInterface() override {}
   int miTotal = 0;
-  cIndirectSignal sigTick;
+  qrmi::remoteSignal1<piVoid, int> sigTick;
 };
 
 class cUse : public qcs::cAbstractInterface {
@@ -167,7 +142,7 @@ void BM_RemoteSignalsPipelined(benchmark::State& state) {
   qpi::cLocalEventLoop loop;
   for (auto _ : state) {
     const unsigned long until = pair.mUse.miTicks + batch;
-    for (int i = 0; i < batch; ++i) pair.mpProvider->mpApi->sigTick.emit(i);
+    for (int i = 0; i < batch; ++i) pair.mpProvider->mpApi->sigTick(i);
     while (pair.mUse.miTicks < until) loop.process();
   }
   state.SetItemsProcessed(state.iterations() * batch);

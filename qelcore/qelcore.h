@@ -126,6 +126,7 @@
 #include "qelcore/rmi/cssvalue.h"
 #include "qelcore/rmi/cunconnectedsignalexception.h"
 #include "qelcore/rmi/localsignaln.h"
+#include "qelcore/rmi/remotesignaln.h"
 #include "qelcore/rmi/signal0.h"
 #include "qelcore/rmi/ttypestring.h"
 

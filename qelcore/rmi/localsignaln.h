@@ -110,7 +110,9 @@ public:
     return false;
   }
 
+  /// Removes and destroys every connection whose receiver is `object`.
   bool disconnectObject(const cConnectable& object) override { return removeSlotsOf(object); }
+  /// The same as disconnectObject().
   bool disconnect(const cConnectable& object) override { return removeSlotsOf(object); }
 
   /// Emits the signal. With exactly one slot its result is returned; with
@@ -170,8 +172,11 @@ public:
   }
 
 protected:
+  /// The type string of A... (see tTypeString).
   qstd::cAsciiString parametersTypeString() const override { return tTypeString<A...>::list(); }
+  /// The type string of R.
   qstd::cAsciiString returnTypeString() const override { return tTypeString<R>::list(); }
+  /// One parameter description per A, and the result's.
   void describeValues(cPublicSignal& signal) const override {
     int expand[] = {0, (describeValue<A>(addParameter(signal)), 0)...};
     (void)expand;

@@ -19,6 +19,7 @@
 #include "qelcore/qcs/crmiexception.h"
 #include "qelcore/qcs/detail/nestedwait.h"
 #include "qelcore/rmi/cpublicsignal.h"
+#include "qelcore/rmi/remotesignaln.h"
 #include "qelcore/sa/cserializebinary.h"
 
 #include "qcstestutil.h"
@@ -81,42 +82,6 @@ public:
   qcs::cInterfaceDep mDep;
 };
 
-// A signal that can be connected by name, as the transport needs: each
-// emission hands its archived argument to every connected public slot.
-class cIndirectSignal : public qrmi::cAbstractSignal {
-public:
-  ~cIndirectSignal() override {
-    for (qrmi::cAbstractSlotCall* c : mCalls) delete c;
-  }
-  void connectIndirect(qrmi::cConnectable& object, const qstd::cAsciiString& slot) override {
-    qrmi::cAbstractSlotCall* call = new qrmi::cIndirectLazySlotCall1<piVoid, int>(object, slot);
-    adopt(*call);
-    mCalls.push_back(call);
-  }
-  bool disconnectObject(const qrmi::cConnectable& object) override {
-    for (std::size_t i = 0; i < mCalls.size(); ++i)
-      if (&mCalls[i]->assignedObject() == &object) {
-        delete mCalls[i];
-        mCalls.erase(mCalls.begin() + static_cast<std::ptrdiff_t>(i));
-        return true;
-      }
-    return false;
-  }
-  bool disconnect(const qrmi::cConnectable& object) override { return disconnectObject(object); }
-  void emit(int value) {
-    for (qrmi::cAbstractSlotCall* c : mCalls) {
-      piVoid ignored;
-      static_cast<qrmi::cAbstractSlotCallN<piVoid, int>*>(c)->invoke(ignored, value);
-    }
-  }
-
-protected:
-  qstd::cAsciiString parametersTypeString() const override { return qrmi::tTypeString<int>::list(); }
-
-private:
-  std::vector<qrmi::cAbstractSlotCall*> mCalls;
-};
-
 class cTickerApi : public qcs::cAbstractInterface {
 public:
   cTickerApi() : cAbstractInterface(qcstest::provided("Ticker")) {
@@ -124,7 +89,7 @@ public:
   }
   void connectInterface(cAbstractInterface&) override {}
   void disconnectInterface() override {}
-  cIndirectSignal sigTick;
+  qrmi::remoteSignal1<piVoid, int> sigTick;
 };
 
 // Connects the provider's "tick" to its public slot "onTick" by name.
@@ -243,15 +208,15 @@ TEST(RemoteSession, EmissionsOfAnExportedSignalReachTheSlotsConnectedToTheProxy)
   cTickerUser& user = static_cast<cTickerUser&>(pair.mClientSide.mMgr.addComponent(
       qstd::tAutoPtr<qcs::cAbstractComponent>(new cTickerUser(pair.mClientSide.mMgr)), qcs::cComponentAddr()));
   pair.connect();
-  ticker.sigTick.emit(1);
-  ticker.sigTick.emit(2);
+  ticker.sigTick(1);
+  ticker.sigTick(2);
   // Emissions leave together when the queue gets to them.
   EXPECT_TRUE(user.mUse.mvTicks.empty());
   EXPECT_TRUE(qcs::detail::waitNested([&] { return user.mUse.mvTicks.size() == 2; }, 5000, "test"));
   EXPECT_EQ(user.mUse.mvTicks, (std::vector<int>{1, 2}));
   // A receiver that goes stops receiving; the others are not affected.
   pair.mClientSide.mMgr.removeAllComponentsNow();
-  ticker.sigTick.emit(3);
+  ticker.sigTick(3);
   EXPECT_TRUE(pair.mpClient->established());
 }
 
@@ -391,7 +356,7 @@ TEST(RemoteSession, APeerThatStopsReadingIsDroppedAtTheBacklogLimit) {
   pair.connect();
   pair.mToClient.mbHold = true;
   for (int i = 0; i < 2000 && !pair.mpServer->closed(); ++i) {
-    ticker.sigTick.emit(i);
+    ticker.sigTick(i);
     if (i % 100 == 99) qpi::system().exec();
   }
   EXPECT_TRUE(pair.mpServer->closed());

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -19,6 +20,9 @@
 #include "qelcore/qcs/cremotecomponentclient.h"
 #include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/qcs/crmiexception.h"
+#include "qelcore/qcs/detail/nestedwait.h"
+#include "qelcore/rmi/cindirectresolvingslotcalln.h"
+#include "qelcore/rmi/cpublicsignal.h"
 #include "qelcore/ucs/cstring.h"
 
 #include "qcstestutil.h"
@@ -31,22 +35,31 @@ namespace fs = std::filesystem;
 using qcstest::cTestComponent;
 using qcstest::pump;
 
-// The remote side's "Counter" with all three slots.
+// The remote side's "Counter" with all its slots, listening to its "tick".
 class cRemoteCounterUse : public qcs::cAbstractInterface {
 public:
-  cRemoteCounterUse() : cAbstractInterface(qcstest::wanted("Counter")) {}
-  qrmi::localSignal1<int, int> add, slow, fail;
+  cRemoteCounterUse() : cAbstractInterface(qcstest::wanted("Counter")) {
+    qrmi::registerPublicSlot(*this, &cRemoteCounterUse::sltTick, "onTick");
+  }
+  qrmi::localSignal1<int, int> add, slow, fail, ticks;
+  qsa::piVoid sltTick(int n) {
+    mvTicks.push_back(n);
+    return qsa::piVoid();
+  }
   void connectInterface(cAbstractInterface& p) override {
     mpBound = &p;
     bindSlot(add, p, "add");
     bindSlot(slow, p, "slow");
     bindSlot(fail, p, "fail");
+    bindSlot(ticks, p, "ticks");
+    p.findSignal("tick").signal().connectIndirect(*this, "onTick");
   }
   void disconnectInterface() override {
     mpBound = nullptr;
     unbindSlots();
   }
   cAbstractInterface* mpBound = nullptr;
+  std::vector<int> mvTicks;
 };
 class cRemoteUser : public cTestComponent {
 public:
@@ -125,7 +138,7 @@ struct cClientSide : qcstest::cManagerFixture {
   }
 };
 
-TEST(RemoteProcess, CallsResultsAndExceptionsThroughAProxyOfAnotherProcess) {
+TEST(RemoteProcess, CallsResultsExceptionsAndSignalsThroughAProxyOfAnotherProcess) {
   cServerProcess server("shared secret");
   cClientSide side;
   qcs::cRemoteComponentClient client(side.mMgr, server.options("shared secret"));
@@ -143,6 +156,11 @@ TEST(RemoteProcess, CallsResultsAndExceptionsThroughAProxyOfAnotherProcess) {
   ASSERT_NE(cause, nullptr);
   EXPECT_TRUE(cause->isRemote());
   EXPECT_EQ(qcstest::textOf(*cause), "Module (1:9) not found!");
+
+  // Emissions made during a call arrive in order.
+  EXPECT_EQ(side.mUser.mUse.ticks(3), 3);
+  EXPECT_TRUE(qcs::detail::waitNested([&] { return side.mUser.mUse.mvTicks.size() >= 3; }, 10000, "test"));
+  EXPECT_EQ(side.mUser.mUse.mvTicks, (std::vector<int>{0, 1, 2}));
 }
 
 TEST(RemoteProcess, ASlowServerTimesOutTheCallAndKeepsTheConnection) {

@@ -8,6 +8,8 @@
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
 
+#include "support/exceptiontext.h"
+
 using qsa::cSAExceptions;
 using qstd::cAsciiString;
 
@@ -28,13 +30,5 @@ TEST(cSAExceptions, ExceptionsCarryTheCallersFileAndLine) {
       [] { cSAExceptions::throwTypeMissmatch(cAsciiString("piInt32"), cAsciiString("double"), cAsciiString()); },
       [] { cSAExceptions::throwTypeMissmatch(cAsciiString("piInt32"), cAsciiString("double"), cAsciiString("x")); },
   };
-  for (unsigned int i = 0; i < sizeof calls / sizeof calls[0]; ++i) {
-    try {
-      calls[i]();
-      ADD_FAILURE() << "nothing thrown by call " << i;
-    } catch (const qstd::cAbstractException& e) {
-      EXPECT_STREQ(e.sourceFileName(), __FILE__) << "call " << i;
-      EXPECT_EQ(e.sourceFileLine(), first + i) << "call " << i;
-    }
-  }
+  qeltest::expectThrownFromTheirLines(calls, __FILE__, first);
 }

@@ -3,6 +3,8 @@
 #ifndef QELCORE_TESTS_SUPPORT_EXCEPTIONTEXT_H
 #define QELCORE_TESTS_SUPPORT_EXCEPTIONTEXT_H
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -50,6 +52,21 @@ E caught(F f) {
   }
   ADD_FAILURE() << "nothing thrown";
   return E();
+}
+
+// Runs each of `calls`, written one per line from line `first` of `file`:
+// each must throw a library exception that reports the line of its call.
+template <std::size_t N>
+void expectThrownFromTheirLines(const std::function<void()> (&calls)[N], const char* file, unsigned int first) {
+  for (unsigned int i = 0; i < N; ++i) {
+    try {
+      calls[i]();
+      ADD_FAILURE() << "nothing thrown by call " << i;
+    } catch (const qstd::cAbstractException& e) {
+      EXPECT_STREQ(e.sourceFileName(), file) << "call " << i;
+      EXPECT_EQ(e.sourceFileLine(), first + i) << "call " << i;
+    }
+  }
 }
 
 }  // namespace qeltest

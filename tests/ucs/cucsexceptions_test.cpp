@@ -7,6 +7,7 @@
 #include "qelcore/std/cruntimeexception.h"
 
 #include "endectestutil.h"
+#include "support/exceptiontext.h"
 
 using namespace endectest;
 
@@ -42,13 +43,5 @@ TEST(cUCSExceptions, ExceptionsCarryTheCallersFileAndLine) {
       [&] { qucs::cUCSExceptions::throwUCSDecodeError(cause); },
       [&] { qucs::cUCSExceptions::throwUSCEncodeError(cause); },
   };
-  for (unsigned int i = 0; i < sizeof calls / sizeof calls[0]; ++i) {
-    try {
-      calls[i]();
-      ADD_FAILURE() << "nothing thrown by call " << i;
-    } catch (const cAbstractException& e) {
-      EXPECT_STREQ(e.sourceFileName(), __FILE__) << "call " << i;
-      EXPECT_EQ(e.sourceFileLine(), first + i) << "call " << i;
-    }
-  }
+  qeltest::expectThrownFromTheirLines(calls, __FILE__, first);
 }

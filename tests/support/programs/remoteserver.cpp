@@ -1,5 +1,6 @@
 // A component server for the tests that need a second process: exports one
-// component with the interface "Counter" (slots "add", "slow" and "fail"),
+// component with the interface "Counter" (slots "add", "slow", "fail" and
+// "ticks", which emits the signal "tick" with 0, 1, ... n-1),
 // writes the port it listens on to a file once it listens, then serves
 // until it is killed.
 //
@@ -17,6 +18,7 @@
 #include "qelcore/qcs/cremotecomponentserver.h"
 #include "qelcore/qcs/cremoteoptions.h"
 #include "qelcore/rmi/cindirectresolvingslotcalln.h"
+#include "qelcore/rmi/remotesignaln.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/ucs/cstring.h"
 
@@ -29,6 +31,8 @@ public:
     qrmi::registerPublicSlot(*this, &cCounterApi::sltAdd, "add");
     qrmi::registerPublicSlot(*this, &cCounterApi::sltSlow, "slow");
     qrmi::registerPublicSlot(*this, &cCounterApi::sltFail, "fail");
+    qrmi::registerPublicSlot(*this, &cCounterApi::sltTicks, "ticks");
+    sigTick.exportSignal(*this, "tick", qrmi::cAbstractSignal::eProvidedInterface, "");
   }
   int sltAdd(int n) { return miTotal += n; }
   // Keeps the whole process busy, as a slow or hanging peer would.
@@ -37,9 +41,14 @@ public:
     return milliseconds;
   }
   int sltFail(int id) { qcs::cQCSExceptions::throwNoSuchModule(qcs::cComponentAddr(1, static_cast<unsigned int>(id))); }
+  int sltTicks(int n) {
+    for (int i = 0; i < n; ++i) sigTick(i);
+    return n;
+  }
   void connectInterface(cAbstractInterface&) override {}
   void disconnectInterface() override {}
   int miTotal = 0;
+  qrmi::remoteSignal1<qsa::piVoid, int> sigTick;
 };
 
 class cCounter : public qcs::cAbstractComponent {
