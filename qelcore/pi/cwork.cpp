@@ -1,6 +1,5 @@
 #include "qelcore/pi/cwork.h"
 
-#include <cstring>
 #include <new>
 
 #include "qelcore/pi/cabstractaiodata.h"
@@ -33,7 +32,8 @@ cWork::cWork()
       mStat(gDebugAllWorks),
       miAmuck(0),
       mbDelegate(true),
-      mpRuns(nullptr) {
+      mpRuns(nullptr),
+      mpEntryQueue(nullptr) {
   macShortName[0] = '\0';
   sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
@@ -42,10 +42,12 @@ cWork::cWork()
 
 cWork::~cWork() {
   detail::cLifeLink::cutAll(mpRuns);
-  try {
-    sigDestroyed(*this);
-  } catch (...) {
-    // A receiver's failure cannot stop the destruction.
+  if (sigDestroyed.slotCount() != 0) {
+    try {
+      sigDestroyed(*this);
+    } catch (...) {
+      // A receiver's failure cannot stop the destruction.
+    }
   }
   delete mpActionError;
   delete mpAIOData;
@@ -61,13 +63,16 @@ void cWork::setName(const qstd::cAsciiString& name) {
 
 void cWork::setName(const char* name) {
   if (!name) name = "";
-  const std::size_t length = std::strlen(name);
-  if (mpName)
+  if (mpName) {
     *mpName = name;
-  else if (length < kShortName)
-    std::memcpy(macShortName, name, length + 1);
-  else
-    mpName = new qstd::cAsciiString(name, static_cast<unsigned int>(length));
+    return;
+  }
+  // Copied as far as it fits; a longer name becomes a string (and the
+  // short copy is never read).
+  for (unsigned int i = 0; i < kShortName; ++i)
+    if ((macShortName[i] = name[i]) == '\0') return;
+  macShortName[0] = '\0';
+  mpName = new qstd::cAsciiString(name);
 }
 
 const qstd::cAsciiString& cWork::settleName() const {

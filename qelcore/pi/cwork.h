@@ -173,6 +173,11 @@ private:
   bool mbDelegate;
   /// Actions and passes running on this work now; cut by the destructor.
   detail::cLifeLink* mpRuns;
+  /// The queue that keeps its entry for this work here (the first queue
+  /// that holds it; null when none does), and that entry, which only that
+  /// queue reads.
+  cWorkQueue* mpEntryQueue;
+  alignas(void*) unsigned char macEntry[3 * sizeof(void*)];
   enum : unsigned int { kShortName = 24 };
   char macShortName[kShortName];
 };

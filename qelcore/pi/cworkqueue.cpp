@@ -2,6 +2,8 @@
 
 #include <atomic>
 #include <mutex>
+#include <new>
+#include <type_traits>
 #include <vector>
 
 #include "qelcore/pi/cabstractaiodata.h"
@@ -46,8 +48,51 @@ private:
 
 // The live entry of each work: adding checks for the work and removing finds
 // its entry without walking the list, so that adding and removing many works
-// stays linear.
-class cWorkQueue::cJobIndex : public qstd::detail::tPointerMap<cWork, cWorkQueue::tJobs::iterator> {};
+// stays linear. The first queue that holds a work keeps the entry in the work
+// itself; a work held by several queues is found in the others' maps.
+class cWorkQueue::cJobIndex {
+public:
+  explicit cJobIndex(cWorkQueue& queue) : mQueue(queue) {}
+  tJobs::iterator* find(const cWork* work) {
+    if (work->mpEntryQueue == &mQueue) return inWork(work);
+    return mMap.size() ? mMap.find(work) : nullptr;
+  }
+  // The entry of a work that has none yet.
+  void insert(cWork* work, const tJobs::iterator& entry) {
+    if (!work->mpEntryQueue) {
+      work->mpEntryQueue = &mQueue;
+      ::new (static_cast<void*>(work->macEntry)) tJobs::iterator(entry);
+    } else {
+      mMap.insert(work) = entry;
+    }
+  }
+  void erase(cWork* work) {
+    if (work->mpEntryQueue == &mQueue)
+      work->mpEntryQueue = nullptr;
+    else if (mMap.size())
+      mMap.erase(work);
+  }
+  // Forgets every entry; `jobs` are the queue's entries.
+  void clear(tJobs& jobs) {
+    for (tJobs::iterator it = jobs.begin(); it != jobs.end(); ++it)
+      if (cWork* w = it->get())
+        if (w->mpEntryQueue == &mQueue) w->mpEntryQueue = nullptr;
+    mMap.clear();
+  }
+
+private:
+  static_assert(sizeof(tJobs::iterator) <= sizeof(cWork::macEntry) && alignof(tJobs::iterator) <= alignof(void*),
+                "a work keeps one list position");
+  static_assert(std::is_trivially_copyable<tJobs::iterator>::value &&
+                    std::is_trivially_destructible<tJobs::iterator>::value,
+                "list positions are plain values");
+  static tJobs::iterator* inWork(const cWork* work) {
+    return std::launder(reinterpret_cast<tJobs::iterator*>(const_cast<unsigned char*>(work->macEntry)));
+  }
+
+  cWorkQueue& mQueue;
+  qstd::detail::tPointerMap<cWork, tJobs::iterator> mMap;
+};
 
 namespace {
 
@@ -116,7 +161,7 @@ cWorkQueue::cWorkQueue()
       miAsync(0),
       mpLoops(nullptr),
       mpInbox(new cInbox),
-      mpIndex(new cJobIndex),
+      mpIndex(new cJobIndex(*this)),
       mpPasses(nullptr),
       mKnownNow(0ull),
       mbExecuted(false) {}
@@ -129,6 +174,8 @@ cWorkQueue::~cWorkQueue() {
   for (cLocalEventLoop* loop = mpLoops; loop; loop = loop->mpNext) loop->mpQueue = nullptr;
   delete mpInbox;
   ++miClearing;
+  // Works that outlive the queue must not keep an entry of it.
+  mpIndex->clear(mJobs);
   mJobs.clear();
   delete mpIndex;
 }
@@ -140,7 +187,7 @@ void cWorkQueue::setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events) {
 }
 
 tSharedObject<cWork> cWorkQueue::createJob() {
-  tSharedObject<cWork> work(new cWork);
+  tSharedObject<cWork> work = tSharedObject<cWork>::create();
   appendJob(work);
   return work;
 }
@@ -151,8 +198,7 @@ void cWorkQueue::addJob(tSharedObject<cWork> work) {
 }
 
 void cWorkQueue::append(const tSharedObject<cWork>& work) {
-  cWork* w = work.get();
-  mpIndex->insert(w) = mJobs.append(work);
+  mpIndex->insert(work.get(), mJobs.append(work));
 }
 
 void cWorkQueue::dropEntry(tJobs::iterator entry) {
@@ -162,7 +208,7 @@ void cWorkQueue::dropEntry(tJobs::iterator entry) {
 
 void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
   cWork* w = work.get();
-  w->reparent(mpCurrent);
+  if (mpCurrent || w->parent()) w->reparent(mpCurrent);
   append(work);
   w->sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
   sltNotifyWorkChanged(w);
@@ -192,7 +238,7 @@ void cWorkQueue::removeJob(const cWork& work) {
 
 void cWorkQueue::clear() {
   cRaise clearing(miClearing);
-  mpIndex->clear();
+  mpIndex->clear(mJobs);
   for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
     it.eraseLater();
     it->reset();

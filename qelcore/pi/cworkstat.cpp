@@ -4,10 +4,6 @@
 
 namespace qpi {
 
-cWorkStat::cWorkStat(bool debug) : miStarted(0), miTriggered(0), mpDebug(nullptr) { setDebug(debug); }
-
-cWorkStat::~cWorkStat() { delete mpDebug; }
-
 void cWorkStat::setDebug(bool on) {
   if (on && !mpDebug) {
     mpDebug = new cDebugInfo;

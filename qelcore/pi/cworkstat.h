@@ -37,10 +37,14 @@ public:
   };
 
   /// Counts from 0; with `debug` there is a debug record from the start.
-  explicit cWorkStat(bool debug = false);
+  explicit cWorkStat(bool debug = false) : miStarted(0), miTriggered(0), mpDebug(nullptr) {
+    if (debug) setDebug(true);
+  }
   cWorkStat(const cWorkStat&) = delete;
   cWorkStat& operator=(const cWorkStat&) = delete;
-  ~cWorkStat();
+  ~cWorkStat() {
+    if (mpDebug) setDebug(false);
+  }
 
   /// How often the work was started.
   unsigned int numStarted() const { return miStarted; }

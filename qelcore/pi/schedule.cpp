@@ -8,7 +8,12 @@ namespace qpi {
 
 qstd::tSharedObject<cWork> schedule(const qrmi::cAbstractSlotCall0<qsa::piVoid>& slot, unsigned int interval,
                                     cWork::Type type, const char* name) {
-  qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>> call(slot.clone());
+  return detail::scheduleCall(slot.clone(), interval, type, name);
+}
+
+qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::piVoid>* slot, unsigned int interval,
+                                                cWork::Type type, const char* name) {
+  qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>> call(slot);
   qstd::tSharedObject<cWork> work = system().workQueue().createJob();
   if (!name) {
     QEL_DEBUG("Work scheduled without name!");

@@ -44,11 +44,19 @@ QEL_EXPORT cWork& schedule(cWork& work);
 /// Takes the work off the main queue.
 QEL_EXPORT void unschedule(cWork& work);
 
+namespace detail {
+/// schedule() for a slot call made for it (owned from here on, also when
+/// this throws): the work connects it as it is, without a copy.
+QEL_EXPORT qstd::tSharedObject<cWork> scheduleCall(qrmi::cAbstractSlotCall0<qsa::piVoid>* slot, unsigned int interval,
+                                                   cWork::Type type, const char* name);
+}  // namespace detail
+
 /// schedule() for a member function of a connectable.
 template <class T>
 qstd::tSharedObject<cWork> schedule(T& object, qsa::piVoid (T::*method)(), unsigned int interval, cWork::Type type,
                                     const char* name) {
-  return schedule(qrmi::cDirectLocalSlotCallN<T, qsa::piVoid>(object, method, nullptr), interval, type, name);
+  return detail::scheduleCall(new qrmi::cDirectLocalSlotCallN<T, qsa::piVoid>(object, method, nullptr), interval, type,
+                              name);
 }
 /// schedule() for a member function of a connectable, as a single task.
 template <class T>

@@ -10,11 +10,10 @@
 
 namespace qrmi {
 
-cAbstractSignal::~cAbstractSignal() {
-  if (cPublicSignal* record = mpPublicSignal) {
-    mpPublicSignal = nullptr;
-    cConnectable::signalDestroyed(*record);
-  }
+void cAbstractSignal::unpublish() {
+  cPublicSignal* record = mpPublicSignal;
+  mpPublicSignal = nullptr;
+  cConnectable::signalDestroyed(*record);
 }
 
 void cAbstractSignal::adopt(cAbstractSlotCall& call) {

@@ -32,7 +32,9 @@ public:
   cAbstractSignal(const cAbstractSignal&) = delete;
   cAbstractSignal& operator=(const cAbstractSignal&) = delete;
   /// A published signal takes its description out of its owner's interface.
-  virtual ~cAbstractSignal();
+  virtual ~cAbstractSignal() {
+    if (mpPublicSignal) unpublish();
+  }
 
   /// Removes and destroys every slot call whose receiver is `object`; returns
   /// whether one was removed.
@@ -86,6 +88,8 @@ protected:
   void adopt(cAbstractSlotCall& call);
 
 private:
+  void unpublish();
+
   InvocationBehavior meBehavior;
   cPublicSignal* mpPublicSignal;
 };

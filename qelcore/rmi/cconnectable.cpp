@@ -51,17 +51,15 @@ const std::size_t kIndexFrom = 16;
 
 }  // namespace
 
-cConnectable::cConnectable()
-    : mpIndex(nullptr), miDetached(0), mpSlots(nullptr), mpSignals(nullptr), mbDetaching(false), miIndex(0) {}
-
-cConnectable::~cConnectable() {
-  // Most connectables die without connections or public records.
-  if (mAttachedSignals.empty() && !mpSlots && !mpSignals && !mpIndex) return;
+void cConnectable::tearDown() {
   detachAllSignals();
   deletePublicRecords();
   delete mpSlots;
   delete mpSignals;
   delete mpIndex;
+  mpSlots = nullptr;
+  mpSignals = nullptr;
+  mpIndex = nullptr;
 }
 
 const cConnectable::tSignalList& cConnectable::attachedSignals() const {
@@ -70,10 +68,16 @@ const cConnectable::tSignalList& cConnectable::attachedSignals() const {
 }
 
 void cConnectable::compactAttached() const {
-  mAttachedSignals.erase(std::remove(mAttachedSignals.begin(), mAttachedSignals.end(), nullptr),
-                         mAttachedSignals.end());
+  // The entries that move are told their new place; the index keeps the
+  // place of each signal's last entry, which the walk in order gives.
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < mAttachedSignals.size(); ++i)
+    if (cAbstractSignal* signal = mAttachedSignals[i]) {
+      if (mpIndex) mpIndex->find(signal)->miPos = static_cast<unsigned int>(kept);
+      mAttachedSignals[kept++] = signal;
+    }
+  mAttachedSignals.erase(mAttachedSignals.begin() + kept, mAttachedSignals.end());
   miDetached = 0;
-  if (mpIndex) mpIndex->rebuild(mAttachedSignals);
 }
 
 void cConnectable::notifySignalAttached(cAbstractSignal& signal) {
@@ -89,13 +93,17 @@ void cConnectable::notifySignalAttached(cAbstractSignal& signal) {
 void cConnectable::notifySignalDetached(cAbstractSignal& signal) {
   if (mbDetaching) return;
   if (!mpIndex) {
-    // A short list: close up over the entries of `signal` in one sweep.
+    // A short list: close up over the entries of `signal` in one sweep,
+    // from the first of them on.
     cAbstractSignal** entries = mAttachedSignals.data();
     const std::size_t n = mAttachedSignals.size();
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < n; ++i)
+    std::size_t i = 0;
+    while (i < n && entries[i] != &signal) ++i;
+    if (i == n) return;
+    std::size_t kept = i;
+    for (++i; i < n; ++i)
       if (entries[i] != &signal) entries[kept++] = entries[i];
-    for (std::size_t i = kept; i < n; ++i) mAttachedSignals.pop_back();
+    mAttachedSignals.erase(mAttachedSignals.begin() + kept, mAttachedSignals.end());
     return;
   }
   cSignalIndex::cEntries* entry = mpIndex->find(&signal);
@@ -110,7 +118,13 @@ void cConnectable::notifySignalDetached(cAbstractSignal& signal) {
   miDetached += entry->miCount;
   mpIndex->erase(&signal);
   // Closing the gaps when they are half the list keeps this O(1) amortised.
-  if (miDetached * 2 > mAttachedSignals.size()) compactAttached();
+  // When every entry is gone the index is empty already: nothing to close.
+  if (miDetached == mAttachedSignals.size()) {
+    mAttachedSignals.clear();
+    miDetached = 0;
+  } else if (miDetached * 2 > mAttachedSignals.size()) {
+    compactAttached();
+  }
 }
 
 void cConnectable::reAssign(cAbstractSignal& oldSignal, cAbstractSignal& newSignal) {

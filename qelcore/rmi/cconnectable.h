@@ -13,6 +13,7 @@
 #include "qelcore/rmi/cabstractsignal.h"
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tsimplevector.h"
+#include "qelcore/std/tsmallvector.h"
 
 namespace qstd {
 class cAsciiString;
@@ -34,18 +35,23 @@ class localSignalN;
 
 class QEL_EXPORT cConnectable {
 public:
-  /// The signals attached to this object.
-  typedef qstd::tSimpleVector<cAbstractSignal*> tSignalList;
+  /// The signals attached to this object. Most objects are attached to a
+  /// few signals at a time: those are kept without an allocation.
+  typedef qstd::tSmallVector<cAbstractSignal*, 2> tSignalList;
   /// The public slots, in registration order.
   typedef qstd::tSimpleVector<cPublicSlot*> tPublicSlotList;
   /// The public signals, in registration order.
   typedef qstd::tSimpleVector<cPublicSignal*> tPublicSignalList;
 
-  cConnectable();
+  cConnectable()
+      : mpIndex(nullptr), miDetached(0), mpSlots(nullptr), mpSignals(nullptr), mbDetaching(false), miIndex(0) {}
   cConnectable(const cConnectable&) = delete;
   cConnectable& operator=(const cConnectable&) = delete;
   /// Detaches from every signal, then deletes the public slots and signals.
-  virtual ~cConnectable();
+  virtual ~cConnectable() {
+    // Most connectables die without connections or public records.
+    if (!mAttachedSignals.empty() || mpSlots || mpSignals || mpIndex) tearDown();
+  }
 
   /// Called by a slot call created for `signal`; duplicates are kept.
   void notifySignalAttached(cAbstractSignal& signal);
@@ -121,6 +127,7 @@ private:
   const cPublicSlot* tryFindPublicSlot(const qstd::cAsciiString& name) const;
   cPublicSignal* tryFindPublicSignal(const qstd::cAsciiString& name) const;
   void deletePublicRecords();
+  void tearDown();
   /// A published signal dies: its description leaves its owner's interface.
   static void signalDestroyed(cPublicSignal& record);
   class cSignalIndex;

@@ -5,12 +5,6 @@
 
 namespace qrmi {
 
-cConnection::cConnection(cAbstractSlotCall& call, tRemover remove) : mpCall(&call), mpfRemove(remove) {
-  // A slot call has at most one handle: a newer one takes over.
-  if (call.mpHandle) call.mpHandle->mpCall = nullptr;
-  call.mpHandle = this;
-}
-
 cConnection::cConnection(cConnection&& other) noexcept : mpCall(other.mpCall), mpfRemove(other.mpfRemove) {
   other.mpCall = nullptr;
   if (mpCall) mpCall->mpHandle = this;
@@ -26,8 +20,6 @@ cConnection& cConnection::operator=(cConnection&& other) noexcept {
   }
   return *this;
 }
-
-cConnection::~cConnection() { release(); }
 
 void cConnection::release() noexcept {
   if (mpCall) mpCall->mpHandle = nullptr;

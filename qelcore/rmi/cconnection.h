@@ -18,6 +18,7 @@
 #define QELCORE_RMI_CCONNECTION_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/rmi/cabstractslotcall.h"
 
 namespace qrmi {
 
@@ -33,14 +34,20 @@ public:
   /// No connection.
   cConnection() noexcept : mpCall(nullptr), mpfRemove(nullptr) {}
   /// For a slot call that `signal` has taken over; used by the signals.
-  cConnection(cAbstractSlotCall& call, tRemover remove);
+  cConnection(cAbstractSlotCall& call, tRemover remove) : mpCall(&call), mpfRemove(remove) {
+    // A slot call has at most one handle: a newer one takes over.
+    if (call.mpHandle) call.mpHandle->mpCall = nullptr;
+    call.mpHandle = this;
+  }
   /// Takes the connection over; `other` is left without one.
   cConnection(cConnection&& other) noexcept;
   /// The handle held before lets go of its connection (which stays).
   cConnection& operator=(cConnection&& other) noexcept;
   cConnection(const cConnection&) = delete;
   cConnection& operator=(const cConnection&) = delete;
-  ~cConnection();
+  ~cConnection() {
+    if (mpCall) mpCall->mpHandle = nullptr;
+  }
 
   /// Whether the connection still exists.
   bool connected() const { return mpCall != nullptr; }

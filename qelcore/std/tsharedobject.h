@@ -48,6 +48,30 @@ public:
   }
   ~tSharedObject() { drop(); }
 
+  /// A new T made from `args` and owned by the new handle, in one block of
+  /// the thread's small-block cache together with the shared record: one
+  /// allocation instead of two, for objects made at a high rate.
+  template <typename... Args>
+  static tSharedObject create(Args&&... args) {
+    static_assert(alignof(T) <= 16, "tSharedObject::create: over-aligned type");
+    const unsigned int bytes = static_cast<unsigned int>(kObjectOffset + sizeof(T));
+    void* block = cPoolMemory::allocateSmall(bytes);
+    tSharedObjectData* data = ::new (block) tSharedObjectData(true, nullptr, &destroyObject<T>, bytes);
+    T* object;
+    try {
+      object = ::new (static_cast<char*>(block) + kObjectOffset) T(static_cast<Args&&>(args)...);
+    } catch (...) {
+      data->~tSharedObjectData();
+      cPoolMemory::releaseSmall(block, bytes);
+      throw;
+    }
+    data->mpObject = const_cast<void*>(static_cast<const void*>(object));
+    tSharedObject handle;
+    handle.mpData = data;
+    handle.mpObject = object;
+    return handle;
+  }
+
   ///@{
   /// Lets go of the object held and shares (or takes over) the other's.
   tSharedObject& operator=(const tSharedObject& other) {
@@ -123,6 +147,14 @@ public:
   T* rawObject() const { return mpObject; }
 
 private:
+  /// Where create() places the object: past the record, aligned as operator
+  /// new aligns.
+  static constexpr std::size_t kObjectOffset = (sizeof(tSharedObjectData) + 15u) & ~std::size_t(15u);
+
+  template <typename U>
+  static void destroyObject(void* p) {
+    static_cast<U*>(p)->~U();
+  }
   template <typename U>
   static void deleteObject(void* p) {
     delete static_cast<U*>(p);
@@ -161,7 +193,7 @@ private:
     if (data == nullptr) {
       return;
     }
-    if (data->dropReference()) delete data;
+    if (data->dropReference()) tSharedObjectData::destroy(data);
     mpData = nullptr;
     mpObject = nullptr;
   }

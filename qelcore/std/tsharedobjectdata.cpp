@@ -6,7 +6,7 @@
 namespace qstd {
 
 void tSharedObjectData::release(tSharedObjectData* data) {
-  if (data->dropReference()) delete data;
+  if (data->dropReference()) destroy(data);
 }
 
 void tSharedObjectData::throwWrongSharedObjectDereference() {

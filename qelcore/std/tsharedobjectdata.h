@@ -21,8 +21,10 @@ public:
   typedef void (*tDeleter)(void* object);
 
   /// One handle, one object reference; `deleter` frees `object` when `owns`.
-  tSharedObjectData(bool owns, void* object, tDeleter deleter)
-      : mbOwns(owns), miObjectRefs(1), miHandles(1), mpObject(object), mpfnDeleter(deleter) {}
+  /// `block` is the size of the small block that holds this record and the
+  /// object together (see tSharedObject::create), 0 for a record of its own.
+  tSharedObjectData(bool owns, void* object, tDeleter deleter, unsigned int block = 0)
+      : mbOwns(owns), miObjectRefs(1), miHandles(1), miBlock(block), mpObject(object), mpfnDeleter(deleter) {}
   tSharedObjectData(const tSharedObjectData&) = delete;
   tSharedObjectData& operator=(const tSharedObjectData&) = delete;
 
@@ -52,6 +54,16 @@ public:
   /// inlined into code with several handles of one data, optimising compilers
   /// cannot see that only the last drop frees it and warn about the others.
   static void release(tSharedObjectData* data);
+  /// Frees a record whose handles are gone, with the block it shares with
+  /// its object, if it does.
+  static void destroy(tSharedObjectData* data) {
+    if (const unsigned int block = data->miBlock) {
+      data->~tSharedObjectData();
+      cPoolMemory::releaseSmall(data, block);
+    } else {
+      delete data;
+    }
+  }
   /// Ends the object for all handles.
   void invalidate() {
     if (miObjectRefs != 0) {
@@ -64,6 +76,9 @@ public:
   [[noreturn]] static void throwWrongSharedObjectDereference();
 
 private:
+  template <typename T>
+  friend class tSharedObject;
+
   /// The deletion counts as one more handle, so that the object's destructor
   /// may drop handles to this data without freeing it.
   void endObject() {
@@ -79,6 +94,7 @@ private:
   bool mbOwns;
   unsigned int miObjectRefs;
   unsigned int miHandles;
+  unsigned int miBlock;
   void* mpObject;
   tDeleter mpfnDeleter;
 };

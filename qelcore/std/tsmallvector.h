@@ -16,6 +16,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <initializer_list>
 #include <new>
 #include <type_traits>
 
@@ -39,6 +40,10 @@ public:
 
   /// Empty, with room for N elements inside.
   tSmallVector() : mpData(maInline), miSize(0), miCapacity(N) {}
+  /// The values in order; std::bad_alloc when there is no memory.
+  tSmallVector(std::initializer_list<T> values) : tSmallVector() {
+    assign(values.begin(), static_cast<unsigned int>(values.size()));
+  }
   /// A copy of `other`; std::bad_alloc when there is no memory.
   tSmallVector(const tSmallVector& other) : tSmallVector() { assign(other.mpData, other.miSize); }
   /// Replaces the content with a copy of `other`; std::bad_alloc when there is no memory.
@@ -108,6 +113,17 @@ public:
   ///@}
   /// Removes every element; the capacity stays.
   void clear() { miSize = 0; }
+
+  ///@{
+  /// Element-wise comparison.
+  bool operator==(const tSmallVector& other) const {
+    if (miSize != other.miSize) return false;
+    for (unsigned int i = 0; i < miSize; ++i)
+      if (!(mpData[i] == other.mpData[i])) return false;
+    return true;
+  }
+  bool operator!=(const tSmallVector& other) const { return !(*this == other); }
+  ///@}
 
   /// Exchanges the contents; never allocates.
   void swap(tSmallVector& other) {

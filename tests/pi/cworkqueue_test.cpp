@@ -179,6 +179,14 @@ TEST(WorkQueueMembers, QueueAndWorksDieInEitherOrder) {
   shared->stop();
   byRef.start(5, cWork::SingleTask);
   EXPECT_TRUE(shared.unique());
+  // ... and join another queue as if new.
+  cTestQueue next;
+  next.addJob(byRef);
+  next.addJob(byRef);
+  next.addJob(shared);
+  EXPECT_EQ(next.jobs().size(), 2u);
+  next.removeJob(byRef);
+  EXPECT_EQ(next.jobs().size(), 1u);
 
   cWork unqueued;  // a work that never belonged to a queue comes and goes quietly
 }
@@ -203,6 +211,35 @@ TEST(WorkQueueMembers, RemovedWorksCanComeBackOnce) {
   q.process();
   EXPECT_EQ(job.calls, 2);
   EXPECT_EQ(q.jobs().size(), 1u) << "the shared single task left, the work added by reference stays";
+}
+
+TEST(WorkQueueMembers, AWorkHeldByTwoQueuesIsKeptOnceInEach) {
+  cJob job;
+  cWork both;
+  both.sigTrigger.connect(job, &cJob::sltRun);
+  cTestQueue first;
+  {
+    cTestQueue second;
+    for (int i = 0; i < 2; ++i) {
+      first.addJob(both);
+      second.addJob(both);
+    }
+    EXPECT_EQ(first.jobs().size(), 1u);
+    EXPECT_EQ(second.jobs().size(), 1u);
+    first.removeJob(both);
+    EXPECT_EQ(first.jobs().size(), 0u);
+    both.start(0, cWork::SingleTask);
+    second.process();
+    EXPECT_EQ(job.calls, 1);
+    first.addJob(both);
+    second.removeJob(both);
+    second.addJob(both);
+    EXPECT_EQ(second.jobs().size(), 1u);
+  }
+  EXPECT_EQ(first.jobs().size(), 1u);
+  both.start(0, cWork::SingleTask);
+  first.process();
+  EXPECT_EQ(job.calls, 2);
 }
 
 TEST(WorkQueueMembers, ClearAndANullProcessorDropEverything) {

@@ -58,6 +58,24 @@ TEST(Schedule, AWorkWithoutANameIsScheduledAfterTwoDebugLines) {
   EXPECT_TRUE(owned.unique());
 }
 
+TEST(Schedule, AReceiverMayDieWhileItsCallWaitsInAWork) {
+  cSystem::cleanup();
+  cJob* gone = new cJob;
+  cJob stays;
+  qstd::tSharedObject<cWork> orphan = qpi::schedule(*gone, &cJob::sltRun, 0, "orphan");
+  qpi::schedule(*gone, &cJob::sltRun, 0, "dropped");
+  qpi::schedule(stays, &cJob::sltRun, 0, "kept");
+  EXPECT_EQ(stays.attachedSignals().size(), 1u);
+  delete gone;  // takes its calls out of both works
+  EXPECT_EQ(orphan->sigTrigger.slotCount(), 0u);
+  qpi::system().exec();  // the works run empty and leave
+  EXPECT_EQ(stays.calls, 1);
+  EXPECT_TRUE(stays.attachedSignals().empty());
+  EXPECT_EQ(qpi::system().workQueue().jobs().size(), 0u);
+  EXPECT_FALSE(orphan->isStarted());
+  cSystem::cleanup();
+}
+
 TEST(Schedule, WorksScheduledOrRestartedFromAnActionRunAtOnce) {
   cSystem::cleanup();
   // A continuation scheduled from an action runs in the same pass, as a

@@ -131,3 +131,39 @@ TEST_F(tSharedObjectTest, ConversionsOfAnInvalidatedObjectAreNull) {
   EXPECT_TRUE(asBase.dynamicCast<cJoined>().null());
   EXPECT_TRUE(asBase.dynamicCast<cDerived>().null());
 }
+
+namespace {
+
+struct cRefusing : cCounted {
+  explicit cRefusing(bool refuse) {
+    if (refuse) throw 1;
+  }
+};
+
+}  // namespace
+
+TEST_F(tSharedObjectTest, CreatedObjectsShareTheirBlockWithTheRecord) {
+  tSharedObject<cDerived> made = tSharedObject<cDerived>::create();
+  EXPECT_EQ(1, alive());
+  EXPECT_EQ(7, made->miValue);
+  {
+    tSharedObject<cCounted> asBase(made);
+    EXPECT_EQ(2u, made.refCount());
+  }
+  EXPECT_TRUE(made.unique());
+
+  // Invalidated, the object goes at once; the record (and its block) stays
+  // until the last handle.
+  tSharedObject<cDerived> other(made);
+  made.invalidateObject();
+  EXPECT_EQ(0, alive());
+  EXPECT_TRUE(other.null());
+  EXPECT_EQ(2u, other.sharedData()->handles());
+  made = tSharedObject<cDerived>();
+  other = tSharedObject<cDerived>();
+
+  // A constructor that throws leaves nothing behind.
+  EXPECT_THROW(tSharedObject<cRefusing>::create(true), int);
+  EXPECT_EQ(0, alive());
+  EXPECT_FALSE(tSharedObject<cRefusing>::create(false).null());
+}
