@@ -1,14 +1,26 @@
 /// \class qstd::tList
 /// A list that keeps insertion order and can be changed while it is being
-/// walked: eraseLater() only marks an entry (iterators skip marked entries and
-/// stay valid), and purge() removes the marked entries once no walk is under
-/// way. Appending during a walk is safe too; the walk reaches the new entries.
+/// walked: eraseLater() only marks an entry (iterators stay valid), and
+/// purge() removes the marked entries once no walk is under way. Appending
+/// during a walk is safe too; the walk reaches the new entries.
 ///
 /// \code
 /// for (auto it = works.begin(); it != works.end(); ++it) {
 ///   if (done(*it)) it.eraseLater();  // or works.eraseLater(it)
 /// }
 /// works.purge();
+/// \endcode
+///
+/// What a marked entry is until the purge depends on the list's mode:
+/// - SkipMarked (the default): it is gone for every reader at once. Walks,
+///   size(), first(), last() and contains() skip it.
+/// - ShowMarked: it stays an entry like any other until purge() removes it;
+///   walks and size() include it, and iterator::isMarked() tells it apart.
+///   The work queue's list is such a list: removed works leave null entries
+///   there that stay visible until the outermost pass purges them.
+///
+/// \code
+/// qstd::tList<int> list(qstd::tList<int>::ShowMarked);
 /// \endcode
 ///
 /// erase() removes at once and must not hit an entry that a walk stands on.
@@ -59,14 +71,16 @@ class tList {
     tIterator() {}
     /// A mutable iterator converts to a const one.
     template <bool C = Const, typename = typename std::enable_if<C>::type>
-    tIterator(const tIterator<false>& other) : mIt(other.mIt), mEnd(other.mEnd) {}
+    tIterator(const tIterator<false>& other) : mIt(other.mIt), mEnd(other.mEnd), mpList(other.mpList) {}
 
     /// Marks this entry for erasure by the list's next purge(); the iterator
     /// stays valid and walks on.
     template <bool C = Const, typename = typename std::enable_if<!C>::type>
     void eraseLater() const {
-      mpList->eraseLater(*this);
+      const_cast<tList*>(mpList)->eraseLater(*this);
     }
+    /// Whether the entry waits for purge() (only a ShowMarked list shows such entries).
+    bool isMarked() const { return mIt->mbMarked; }
 
     reference operator*() const { return mIt->mValue; }
     pointer operator->() const { return &mIt->mValue; }
@@ -86,44 +100,57 @@ class tList {
   private:
     friend class tList;
     friend class tIterator<true>;
-    tIterator(tBase it, tBase end, tList* list) : mIt(it), mEnd(end), mpList(list) { skipMarked(); }
+    tIterator(tBase it, tBase end, const tList* list) : mIt(it), mEnd(end), mpList(list) { skipMarked(); }
     void skipMarked() {
-      while (mIt != mEnd && mIt->mbMarked) {
+      // The mode is looked at only on a marked entry: unmarked ones cost nothing more.
+      while (mIt != mEnd && mIt->mbMarked && !mpList->mbShowMarked) {
         ++mIt;
       }
     }
     tBase mIt;
     tBase mEnd;
-    tList* mpList = nullptr;  // for eraseLater(); unused by const iterators
+    const tList* mpList = nullptr;
   };
 
 public:
-  /// Walks the entries not marked for erasure; eraseLater() marks the entry it stands on.
+  /// Walks the entries (without the marked ones unless the list shows them);
+  /// eraseLater() marks the entry it stands on.
   typedef tIterator<false> iterator;
-  /// Walks the entries not marked for erasure.
+  /// Walks the entries (without the marked ones unless the list shows them).
   typedef tIterator<true> const_iterator;
 
-  /// An empty list.
-  tList() : miLive(0) {}
+  /// What readers see of entries marked with eraseLater() before purge().
+  enum Marks { SkipMarked, ShowMarked };
+
+  /// An empty list that skips marked entries.
+  tList() : miLive(0), mbShowMarked(false) {}
+  /// An empty list in the given mode.
+  explicit tList(Marks marks) : miLive(0), mbShowMarked(marks == ShowMarked) {}
   /// The values in order.
-  tList(std::initializer_list<T> values) : miLive(0) {
+  tList(std::initializer_list<T> values) : miLive(0), mbShowMarked(false) {
     for (const T& v : values) {
       append(v);
     }
   }
-  /// Copies the entries that are not marked.
-  tList(const tList& other) : miLive(0) {
-    for (const T& v : other) {
-      append(v);
+  /// The same mode, and the entries a walk of `other` sees, with their marks.
+  tList(const tList& other) : miLive(0), mbShowMarked(other.mbShowMarked) {
+    for (const_iterator it = other.begin(); it != other.end(); ++it) {
+      iterator added = append(*it);
+      if (it.isMarked()) {
+        eraseLater(added);
+      }
     }
   }
-  /// Takes over the entries of `other`, which is left empty.
+  /// Takes over the mode and the entries of `other`, which is left empty.
   tList(tList&& other) noexcept
-      : mEntries(std::move(other.mEntries)), miLive(other.miLive), mDisposer(other.mDisposer) {
+      : mEntries(std::move(other.mEntries)),
+        miLive(other.miLive),
+        mbShowMarked(other.mbShowMarked),
+        mDisposer(other.mDisposer) {
     other.mEntries.clear();
     other.miLive = 0;
   }
-  /// Replaces the entries with copies of the unmarked entries of `other`.
+  /// Replaces mode and entries with a copy of `other` (see the copy constructor).
   tList& operator=(const tList& other) {
     if (this != &other) {
       tList copy(other);
@@ -139,51 +166,53 @@ public:
   }
   ~tList() { clear(); }
 
-  /// Entries not marked for erasure.
-  unsigned int size() const { return miLive; }
+  /// The entries a walk sees: all of them in a ShowMarked list, else the unmarked ones.
+  unsigned int size() const { return mbShowMarked ? static_cast<unsigned int>(mEntries.size()) : miLive; }
   /// The same as size().
-  unsigned int length() const { return miLive; }
-  /// Whether no entry is left unmarked.
-  bool empty() const { return miLive == 0; }
+  unsigned int length() const { return size(); }
+  /// Whether a walk sees no entry.
+  bool empty() const { return size() == 0; }
   /// Whether entries wait for purge().
   bool hasMarked() const { return mEntries.size() != miLive; }
+  /// Whether walks and size() include marked entries.
+  bool showsMarked() const { return mbShowMarked; }
 
-  /// The first unmarked entry.
+  /// The first entry a walk sees.
   iterator begin() { return iterator(mEntries.begin(), mEntries.end(), this); }
   /// Past the last entry.
   iterator end() { return iterator(mEntries.end(), mEntries.end(), this); }
-  /// The first unmarked entry.
-  const_iterator begin() const { return const_iterator(mEntries.begin(), mEntries.end(), nullptr); }
+  /// The first entry a walk sees.
+  const_iterator begin() const { return const_iterator(mEntries.begin(), mEntries.end(), this); }
   /// Past the last entry.
-  const_iterator end() const { return const_iterator(mEntries.end(), mEntries.end(), nullptr); }
+  const_iterator end() const { return const_iterator(mEntries.end(), mEntries.end(), this); }
 
-  /// The first unmarked value; an empty list throws cBugException.
+  /// The first value a walk sees; an empty list throws cBugException.
   T& first() {
-    if (miLive == 0) {
+    if (empty()) {
       cSTDExceptions::throwElementNotFound("tList", "first");
     }
     return *begin();
   }
-  /// The first unmarked value; an empty list throws cBugException.
+  /// The first value a walk sees; an empty list throws cBugException.
   const T& first() const {
-    if (miLive == 0) {
+    if (empty()) {
       cSTDExceptions::throwElementNotFound("tList", "first");
     }
     return *begin();
   }
-  /// The last unmarked value; an empty list throws cBugException.
+  /// The last value a walk sees; an empty list throws cBugException.
   T& last() {
-    if (miLive == 0) {
+    if (empty()) {
       cSTDExceptions::throwElementNotFound("tList", "last");
     }
-    return lastLive()->mValue;
+    return lastSeen()->mValue;
   }
-  /// The last unmarked value; an empty list throws cBugException.
+  /// The last value a walk sees; an empty list throws cBugException.
   const T& last() const {
-    if (miLive == 0) {
+    if (empty()) {
       cSTDExceptions::throwElementNotFound("tList", "last");
     }
-    return const_cast<tList*>(this)->lastLive()->mValue;
+    return const_cast<tList*>(this)->lastSeen()->mValue;
   }
 
   /// Adds `value` at the end; returns its position.
@@ -209,7 +238,7 @@ public:
     mDisposer.dispose(it->mValue);
     return iterator(mEntries.erase(it), mEntries.end(), this);
   }
-  /// Marks the entry: walks skip it from now on, purge() removes it.
+  /// Marks the entry for purge(); walks of a SkipMarked list skip it from now on.
   void eraseLater(iterator position) {
     checkPosition(position, "eraseLater");
     if (!position.mIt->mbMarked) {
@@ -247,7 +276,7 @@ public:
     }
     return end();
   }
-  /// Whether an unmarked entry equals `value`.
+  /// Whether an entry a walk sees equals `value`.
   bool contains(const T& value) const { return position(value) != end(); }
   /// Erases the first entry equal to `value` at once; false when
   /// there is none.
@@ -278,10 +307,11 @@ public:
     }
   }
 
-  /// Exchanges the entries.
+  /// Exchanges mode and entries.
   void swap(tList& other) noexcept {
     mEntries.swap(other.mEntries);
     std::swap(miLive, other.miLive);
+    std::swap(mbShowMarked, other.mbShowMarked);
     std::swap(mDisposer, other.mDisposer);
   }
 
@@ -297,16 +327,18 @@ private:
       cSTDExceptions::throwElementNotFound("tList", operation);
     }
   }
-  typename tEntries::iterator lastLive() {
+  typename tEntries::iterator lastSeen() {
     typename tEntries::iterator it = mEntries.end();
     do {
       --it;
-    } while (it->mbMarked);
+    } while (it->mbMarked && !mbShowMarked);
     return it;
   }
 
   tEntries mEntries;
+  /// Entries not marked.
   unsigned int miLive;
+  bool mbShowMarked;
 
 protected:
   /// Disposes of the values of removed entries.

@@ -68,3 +68,41 @@ TEST(tList, WalkSurvivesEraseLaterOfTheCurrentEntry) {
   EXPECT_EQ("123", joined(copy));
   EXPECT_EQ("23", joined(liveOnly));
 }
+
+TEST(tList, AShowMarkedListKeepsMarkedEntriesVisibleUntilThePurge) {
+  qstd::tList<int> list(qstd::tList<int>::ShowMarked);
+  for (int v : {1, 2, 3, 4}) list.append(v);
+  // A walk that marks entries while a nested walk runs from one of them.
+  std::string nested, marks;
+  for (auto it = list.begin(); it != list.end(); ++it) {
+    if (*it == 2) {
+      it.eraseLater();
+      for (auto inner = list.begin(); inner != list.end(); ++inner) {
+        if (*inner == 4) inner.eraseLater();
+        nested += std::to_string(*inner);
+      }
+    }
+    marks += it.isMarked() ? 'x' : '.';
+  }
+  EXPECT_EQ("1234", nested);
+  EXPECT_EQ(".x.x", marks);
+  EXPECT_EQ("1234", joined(list));
+  EXPECT_EQ(4u, list.size());
+  EXPECT_EQ(4, list.last());
+  EXPECT_TRUE(list.contains(2));
+  EXPECT_TRUE(list.hasMarked());
+
+  qstd::tList<int> copy(list);
+  EXPECT_TRUE(copy.showsMarked());
+  EXPECT_EQ("1234", joined(copy));
+  copy.purge();
+  EXPECT_EQ("13", joined(copy)) << "a copy keeps the marks";
+
+  list.purge();
+  EXPECT_EQ("13", joined(list));
+  EXPECT_EQ(2u, list.size());
+  list.eraseLater(list.begin());
+  list.erase(list.begin());
+  EXPECT_EQ("3", joined(list)) << "erase() of a marked entry keeps the count right";
+  EXPECT_EQ(1u, list.size());
+}
