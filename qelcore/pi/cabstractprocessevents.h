@@ -32,7 +32,8 @@ class cWork;
 
 class QEL_EXPORT cAbstractProcessEvents {
 public:
-  /// A queue's works, as the queue hands them to its processor.
+  /// A queue's works, as the queue hands them to its processor. Entries of
+  /// removed works are null until the queue purges them.
   typedef qstd::tList<qstd::tSharedObject<cWork>> tJobs;
 
   cAbstractProcessEvents();

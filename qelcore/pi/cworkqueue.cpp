@@ -152,7 +152,8 @@ cAsciiString clockText(const qstd::cTime& t) {
 }  // namespace
 
 cWorkQueue::cWorkQueue()
-    : miLevel(0),
+    : mJobs(tJobs::ShowMarked),
+      miLevel(0),
       mbRescan(false),
       miLocalLoops(0),
       miClearing(0),
@@ -202,6 +203,8 @@ void cWorkQueue::append(const tSharedObject<cWork>& work) {
 }
 
 void cWorkQueue::dropEntry(tJobs::iterator entry) {
+  // A marked entry was dropped before: its work may have a new entry by now.
+  if (entry.isMarked()) return;
   if (cWork* w = entry->get()) mpIndex->erase(w);
   entry.eraseLater();
 }
@@ -423,10 +426,11 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
     }
   }
 
-  // Only the outermost pass purges: nested passes run inside a walk of an
-  // outer one, whose position must stay valid. Entries marked by removeJob
-  // outside any pass go with them.
-  if (miLevel == 1 && (removed || mJobs.hasMarked())) mJobs.purge();
+  // Only the outermost pass purges, and only when it removed something
+  // itself: nested passes run inside a walk of an outer one, whose position
+  // must stay valid. Entries marked by removeJob outside any pass are null,
+  // so the next pass counts them as removed.
+  if (miLevel == 1 && removed) mJobs.purge();
   if (miTimed == 0 && miAsync != 0) minWait = 10000;
   return minWait;
 }

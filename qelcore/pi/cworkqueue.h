@@ -16,9 +16,16 @@
 ///
 /// A queue and its works belong to one thread and take no lock. Actions may
 /// add, change and remove works while a pass runs, and may run nested passes
-/// through a cLocalEventLoop: removed entries are only marked and leave the
-/// list after the outermost pass. The one exception to the single thread is
-/// post(), through which any thread hands a work over to the queue.
+/// through a cLocalEventLoop. The list is therefore only ever marked while
+/// passes may walk it: removeJob() and clear() let go of the work at once but
+/// leave its entry in jobs() as a null entry, and a single task that ran and
+/// was not restarted stays there, stopped. Such entries leave the list when
+/// an outermost pass (level 1) that removed something itself ends: every pass
+/// counts the null entries it meets as removed, so a process() after a
+/// removal outside any pass purges them. Whoever walks jobs() meets null
+/// entries; debugDump() shows them as " * zero item", the dot graph leaves
+/// them out. The one exception to the single thread is post(), through which
+/// any thread hands a work over to the queue.
 ///
 /// When nothing is timed or asynchronous, a pass hands no wait to the two
 /// plain processors (cLocalEventProcessor and the platform's): process()
@@ -71,9 +78,10 @@ public:
   void addJob(qstd::tSharedObject<cWork> work);
   /// Adds a work by reference: kept while stopped, dropped when it dies.
   void addJob(cWork& work);
-  /// Drops every entry of the work (the node leaves the list later).
+  /// Lets go of the work: its entry becomes null and leaves the list with the
+  /// next purge. The current work removed is current no longer.
   void removeJob(const cWork& work);
-  /// Drops every work.
+  /// Lets go of every work: all entries become null (see removeJob).
   void clear();
 
   /// One step of the main loop: runs the due works, then waits through the
@@ -86,8 +94,9 @@ public:
   /// loop's action, ...).
   unsigned int level() const { return miLevel; }
   ///@{
-  /// The list itself; change it through the functions above, which keep the
-  /// queue's index of its works.
+  /// The list itself, null entries of removed works included (see above);
+  /// change it through the functions above, which keep the queue's index of
+  /// its works.
   tJobs& jobs() { return mJobs; }
   const tJobs& jobs() const { return mJobs; }
   ///@}

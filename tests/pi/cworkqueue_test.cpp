@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -38,6 +39,27 @@ public:
     return piVoid();
   }
 };
+
+// The queue's list as a user walks it: the works' names, "-" for an entry
+// whose work was removed.
+std::string entries(const cWorkQueue& q) {
+  std::string s;
+  const char* separator = "";
+  for (const tSharedObject<cWork>& w : q.jobs()) {
+    s += separator;
+    s += w ? w->name().c_str() : "-";
+    separator = ",";
+  }
+  return s;
+}
+
+std::vector<std::string> dumpOf(const cWorkQueue& q) {
+  qeltest::cCapturingOut out;
+  q.debugDump(qpi::cAbstractOut::LevelWarning);
+  std::vector<std::string> lines;
+  for (const auto& e : out.entries()) lines.push_back(e.text);
+  return lines;
+}
 
 }  // namespace
 
@@ -161,8 +183,9 @@ TEST(WorkQueueMembers, AddingByReferenceKeepsTheWorkOnceAndDropsItWhenItDies) {
     EXPECT_EQ(job.calls, 1);
     EXPECT_EQ(q.jobs().size(), 1u) << "kept while stopped";
   }
-  EXPECT_EQ(q.jobs().size(), 0u);
+  EXPECT_EQ(entries(q), "-") << "its entry lets go of it";
   q.process();
+  EXPECT_EQ(entries(q), "");
 }
 
 TEST(WorkQueueMembers, QueueAndWorksDieInEitherOrder) {
@@ -184,9 +207,9 @@ TEST(WorkQueueMembers, QueueAndWorksDieInEitherOrder) {
   next.addJob(byRef);
   next.addJob(byRef);
   next.addJob(shared);
-  EXPECT_EQ(next.jobs().size(), 2u);
+  EXPECT_EQ(entries(next), ",shared");
   next.removeJob(byRef);
-  EXPECT_EQ(next.jobs().size(), 1u);
+  EXPECT_EQ(entries(next), "-,shared");
 
   cWork unqueued;  // a work that never belonged to a queue comes and goes quietly
 }
@@ -195,6 +218,7 @@ TEST(WorkQueueMembers, RemovedWorksCanComeBackOnce) {
   cTestQueue q;
   cJob job;
   cWork byRef;
+  byRef.setName("byRef");
   byRef.sigTrigger.connect(job, &cJob::sltRun);
   tSharedObject<cWork> shared = makeJob(q, job, "shared");
   q.addJob(byRef);
@@ -205,17 +229,18 @@ TEST(WorkQueueMembers, RemovedWorksCanComeBackOnce) {
   q.addJob(byRef);
   q.addJob(shared);
   q.addJob(shared);
-  EXPECT_EQ(q.jobs().size(), 2u);
+  EXPECT_EQ(entries(q), "-,-,byRef,shared");
   byRef.start(0, cWork::SingleTask);
   shared->start(0, cWork::SingleTask);
   q.process();
   EXPECT_EQ(job.calls, 2);
-  EXPECT_EQ(q.jobs().size(), 1u) << "the shared single task left, the work added by reference stays";
+  EXPECT_EQ(entries(q), "byRef") << "the shared single task left, the work added by reference stays";
 }
 
 TEST(WorkQueueMembers, AWorkHeldByTwoQueuesIsKeptOnceInEach) {
   cJob job;
   cWork both;
+  both.setName("both");
   both.sigTrigger.connect(job, &cJob::sltRun);
   cTestQueue first;
   {
@@ -224,37 +249,22 @@ TEST(WorkQueueMembers, AWorkHeldByTwoQueuesIsKeptOnceInEach) {
       first.addJob(both);
       second.addJob(both);
     }
-    EXPECT_EQ(first.jobs().size(), 1u);
-    EXPECT_EQ(second.jobs().size(), 1u);
+    EXPECT_EQ(entries(first), "both");
+    EXPECT_EQ(entries(second), "both");
     first.removeJob(both);
-    EXPECT_EQ(first.jobs().size(), 0u);
+    EXPECT_EQ(entries(first), "-");
     both.start(0, cWork::SingleTask);
     second.process();
     EXPECT_EQ(job.calls, 1);
     first.addJob(both);
     second.removeJob(both);
     second.addJob(both);
-    EXPECT_EQ(second.jobs().size(), 1u);
+    EXPECT_EQ(entries(second), "-,both");
   }
-  EXPECT_EQ(first.jobs().size(), 1u);
+  EXPECT_EQ(entries(first), "-,both");
   both.start(0, cWork::SingleTask);
   first.process();
   EXPECT_EQ(job.calls, 2);
-}
-
-TEST(WorkQueueMembers, ClearAndANullProcessorDropEverything) {
-  cTestQueue q;
-  cJob job;
-  tSharedObject<cWork> a = makeJob(q, job, "a");
-  cWork b;
-  q.addJob(b);
-  q.clear();
-  EXPECT_EQ(q.jobs().size(), 0u);
-  EXPECT_TRUE(a.unique()) << "the queue let go of its handle";
-
-  tSharedObject<cWork> c = makeJob(q, job, "c");
-  q.setEvents(qstd::tAutoPtr<qpi::cAbstractProcessEvents>());
-  EXPECT_EQ(q.jobs().size(), 0u);
 }
 
 TEST(WorkQueueReentrance, ActionsRemoveAndAddWorksDuringThePass) {
@@ -263,11 +273,14 @@ TEST(WorkQueueReentrance, ActionsRemoveAndAddWorksDuringThePass) {
   tSharedObject<cWork> victimWork = makeJob(q, victim, "victim");
   tSharedObject<cWork> firstWork = makeJob(q, first, "first");
   tSharedObject<cWork> child;
+  std::string inside;
   first.body = [&] {
     child = makeJob(q, added, "child");
     child->start(0, cWork::SingleTask);
     q.removeJob(*victimWork);
     q.removeJob(*firstWork);
+    EXPECT_EQ(q.current(), nullptr) << "the running work was removed";
+    inside = entries(q);
   };
   // The victim comes after the first in the list.
   q.removeJob(*victimWork);
@@ -280,6 +293,7 @@ TEST(WorkQueueReentrance, ActionsRemoveAndAddWorksDuringThePass) {
   EXPECT_EQ(victim.calls, 0);
   EXPECT_EQ(added.calls, 1) << "a work added during the walk is reached by it";
   EXPECT_EQ(child->parent(), firstWork.get());
+  EXPECT_EQ(inside, "-,-,-,child") << "removed entries stay in the list, null, while the pass runs";
   EXPECT_FALSE(q.jobs().hasMarked()) << "the outermost pass purges";
   EXPECT_EQ(q.jobs().size(), 0u);
 }
@@ -444,4 +458,116 @@ TEST(WorkQueueDumps, StatusDumpListsEveryWork) {
       "   * Triggered: 0 / numStarted: 0",
   };
   EXPECT_EQ(lines, expected);
+}
+
+TEST(WorkQueueErasure, ARemovedWorkLeavesANullEntryUntilTheNextPass) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> a = makeJob(q, job, "a");
+  cWork b;
+  b.setName("b");
+  q.addJob(b);
+  tSharedObject<cWork> c = makeJob(q, job, "c");
+  q.removeJob(*a);
+  q.removeJob(b);
+  q.removeJob(b);  // no longer held: nothing changes
+  EXPECT_EQ(entries(q), "-,-,c");
+  EXPECT_EQ(q.jobs().size(), 3u);
+  EXPECT_TRUE(a.unique()) << "the entry lets go of the work at once";
+
+  const std::vector<std::string> expected = {
+      "WorkQueue status:",
+      "Have event object (synchronous event processor)",
+      "Tasks:",
+      " * zero item",
+      " * zero item",
+      " * Work (c) Single task (planned in 0ms)",
+      "   * Triggered: 0 / numStarted: 0",
+  };
+  EXPECT_EQ(dumpOf(q), expected);
+
+  q.addJob(a);  // comes back behind its old entry
+  EXPECT_EQ(entries(q), "-,-,c,a");
+  q.process();
+  EXPECT_EQ(entries(q), "c,a");
+}
+
+TEST(WorkQueueErasure, ClearNullsEveryEntryAndThePassPurgesThem) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> a = makeJob(q, job, "a");
+  cWork b;
+  q.addJob(b);
+  q.removeJob(b);
+  q.clear();
+  EXPECT_EQ(entries(q), "-,-");
+  EXPECT_TRUE(a.unique()) << "the queue let go of its handle";
+  a->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(entries(q), "") << "a cleared work does not come back by starting it";
+  EXPECT_EQ(job.calls, 0);
+
+  tSharedObject<cWork> c = makeJob(q, job, "c");
+  c->start(0, cWork::SingleTask);
+  q.setEvents(qstd::tAutoPtr<qpi::cAbstractProcessEvents>());
+  EXPECT_EQ(entries(q), "-") << "dropping the processor clears the queue";
+  q.setEvents(qstd::tAutoPtr<qpi::cAbstractProcessEvents>(new qpi::cLocalEventProcessor));
+  q.process();
+  EXPECT_EQ(entries(q), "");
+  EXPECT_EQ(job.calls, 0);
+}
+
+TEST(WorkQueueErasure, NestedPassesLeaveErasedEntriesInTheList) {
+  cTestQueue q;
+  cJob outer, inner, victim;
+  tSharedObject<cWork> outerWork = makeJob(q, outer, "outer");
+  tSharedObject<cWork> innerWork = makeJob(q, inner, "inner");
+  tSharedObject<cWork> victimWork = makeJob(q, victim, "victim");
+  std::string inInner, afterLoop;
+  std::vector<std::string> dumpAfterLoop;
+  inner.body = [&] {
+    q.removeJob(*victimWork);
+    inInner = entries(q);
+  };
+  outer.body = [&] {
+    if (outer.calls > 1) return;  // the nested pass runs it again
+    qpi::cLocalEventLoop loop(&q);
+    innerWork->start(0, cWork::SingleTask);
+    loop.process();
+    afterLoop = entries(q);
+    dumpAfterLoop = dumpOf(q);
+  };
+  outerWork->start(0, cWork::Periodic);
+  victimWork->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(inner.calls, 1);
+  EXPECT_EQ(victim.calls, 0);
+  EXPECT_EQ(inInner, "outer,inner,-");
+  EXPECT_EQ(afterLoop, "outer,inner,-") << "the done inner task stays, stopped, until the outermost pass purges";
+  ASSERT_EQ(dumpAfterLoop.size(), 8u);
+  EXPECT_EQ(dumpAfterLoop[5], " * Work (inner) Single task (planned in 0ms)");
+  EXPECT_EQ(dumpAfterLoop[7], " * zero item");
+  EXPECT_EQ(entries(q), "outer");
+}
+
+TEST(WorkQueueErasure, WorksDoneInANestedPassWaitForAPassThatRemovesSomething) {
+  cTestQueue q;
+  cJob outer, inner, later;
+  tSharedObject<cWork> outerWork = makeJob(q, outer, "outer");
+  tSharedObject<cWork> innerWork = makeJob(q, inner, "inner");
+  outer.body = [&] {
+    if (outer.calls > 1) return;  // the nested pass runs it again
+    qpi::cLocalEventLoop loop(&q);
+    innerWork->start(0, cWork::SingleTask);
+    loop.process();
+  };
+  outerWork->start(0, cWork::Periodic);
+  q.process();
+  q.process();
+  EXPECT_EQ(inner.calls, 1);
+  EXPECT_EQ(entries(q), "outer,inner") << "the outermost passes removed nothing themselves";
+  tSharedObject<cWork> once = makeJob(q, later, "later");
+  once->start(0, cWork::SingleTask);
+  q.process();
+  EXPECT_EQ(entries(q), "outer");
 }

@@ -58,3 +58,16 @@ TEST(WqDebug, TheRunningWorkIsMarkedCurrent) {
       << dot;
   EXPECT_EQ(qpi::cWqDebug::dot(&q), "digraph G {\n}\n");
 }
+
+TEST(WqDebug, NullEntriesOfRemovedWorksHaveNoNode) {
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> gone = makeJob(q, job, "gone");
+  tSharedObject<cWork> kept = makeJob(q, job, "kept");
+  q.removeJob(*gone);
+  ASSERT_EQ(q.jobs().size(), 2u);
+  EXPECT_EQ(std::string(qpi::cWqDebug::dot(&q).c_str()),
+            "digraph G {\n" + idOf(kept.get()) +
+                " [ label=\"Single task\\nkept\\n(planned in 0ms)\",shape=\"ellipse\","
+                "style=\"filled\",color=\"lightgrey\" ];\n}\n");
+}
