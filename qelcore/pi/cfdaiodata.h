@@ -24,6 +24,12 @@ namespace qpi {
 class QEL_EXPORT cFDAIOData : public cAbstractAIOData {
 public:
   cFDAIOData();
+  ///@{
+  /// Copies the event flag, the descriptors and their ready events; the copy
+  /// (or the object assigned to) gets a serial of its own.
+  cFDAIOData(const cFDAIOData& other);
+  cFDAIOData& operator=(const cFDAIOData& other);
+  ///@}
   ~cFDAIOData() override;
 
   cFDAIOData* isFDAIOData() override { return this; }
