@@ -33,7 +33,8 @@ cWork::cWork()
       miAmuck(0),
       mbDelegate(true),
       mpRuns(nullptr),
-      mpEntryQueue(nullptr) {
+      mpEntryQueue(nullptr),
+      mbChangeSlot(false) {
   macShortName[0] = '\0';
   sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
   sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
@@ -69,8 +70,9 @@ void cWork::setName(const char* name) {
   }
   // Copied as far as it fits; a longer name becomes a string (and the
   // short copy is never read).
-  for (unsigned int i = 0; i < kShortName; ++i)
-    if ((macShortName[i] = name[i]) == '\0') return;
+  const char* from = name;
+  for (char *to = macShortName, *end = macShortName + kShortName; to != end; ++to, ++from)
+    if ((*to = *from) == '\0') return;
   macShortName[0] = '\0';
   mpName = new qstd::cAsciiString(name);
 }

@@ -178,6 +178,11 @@ private:
   /// queue reads.
   cWorkQueue* mpEntryQueue;
   alignas(void*) unsigned char macEntry[3 * sizeof(void*)];
+  /// Room for the slot call through which a queue listens to sigChanged, so
+  /// that holding a work costs no allocation for it; in use while
+  /// mbChangeSlot is set (by the first queue that finds it free).
+  alignas(void*) unsigned char macChangeSlot[12 * sizeof(void*)];
+  bool mbChangeSlot;
   enum : unsigned int { kShortName = 24 };
   char macShortName[kShortName];
 };

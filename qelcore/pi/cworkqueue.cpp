@@ -94,6 +94,24 @@ private:
   qstd::detail::tPointerMap<cWork, tJobs::iterator> mMap;
 };
 
+// The connection of a queue's sltNotifyWorkChanged to a work's sigChanged,
+// made inside the work (cWork::macChangeSlot) when its room there is free.
+// The signal deletes its slot calls: for this one that only ends it, and the
+// work's room is free again.
+class cWorkQueue::cChangeSlot final : public qrmi::cDirectLocalSlotCallN<cWorkQueue, piVoid, cWork*> {
+public:
+  cChangeSlot(cWorkQueue& queue, cWork& work)
+      : cDirectLocalSlotCallN(queue, &cWorkQueue::sltNotifyWorkChanged, nullptr), mWork(work) {
+    mWork.mbChangeSlot = true;
+  }
+  ~cChangeSlot() override { mWork.mbChangeSlot = false; }
+  static void* operator new(std::size_t) = delete;
+  static void operator delete(void*) noexcept {}
+
+private:
+  cWork& mWork;
+};
+
 namespace {
 
 // Whole milliseconds from `now` until `planned`; 0 when it has passed. A
@@ -165,7 +183,9 @@ cWorkQueue::cWorkQueue()
       mpIndex(new cJobIndex(*this)),
       mpPasses(nullptr),
       mKnownNow(0ull),
-      mbExecuted(false) {}
+      mbExecuted(false),
+      mbAsyncEvents(false),
+      mbAIOEvents(false) {}
 
 cWorkQueue::~cWorkQueue() {
   // Passes further up the stack return without touching the queue again.
@@ -184,7 +204,13 @@ cWorkQueue::~cWorkQueue() {
 void cWorkQueue::setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events) {
   if (!events) clear();
   mpEvents = events;
+  readCapabilities();
   if (mpEvents) mpEvents->sigFinished.connect(*this, &cWorkQueue::sltNotifyPEFinished);
+}
+
+void cWorkQueue::readCapabilities() {
+  mbAsyncEvents = mpEvents && mpEvents->isAsynchronous();
+  mbAIOEvents = mpEvents && mpEvents->supportsAIO();
 }
 
 tSharedObject<cWork> cWorkQueue::createJob() {
@@ -213,15 +239,26 @@ void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
   cWork* w = work.get();
   if (mpCurrent || w->parent()) w->reparent(mpCurrent);
   append(work);
-  w->sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
+  listenTo(*w);
   sltNotifyWorkChanged(w);
+}
+
+void cWorkQueue::listenTo(cWork& work) {
+  static_assert(sizeof(cChangeSlot) <= sizeof(work.macChangeSlot) && alignof(cChangeSlot) <= alignof(void*),
+                "a work has room for one change slot");
+  if (work.mbChangeSlot) {
+    work.sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
+    return;
+  }
+  cChangeSlot* slot = ::new (static_cast<void*>(work.macChangeSlot)) cChangeSlot(*this, work);
+  work.sigChanged.connect(qstd::tAutoPtr<qrmi::localSignal1<piVoid, cWork*>::tSlotCall>(slot));
 }
 
 void cWorkQueue::addJob(cWork& work) {
   if (!mpIndex->find(&work)) {
     const tSharedObject<cWork> shared(work);
     work.sigDestroyed.connect(*this, &cWorkQueue::sltWorkDestroyed);
-    work.sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
+    listenTo(work);
     work.setForceKeep(true);
     work.reparent(mpCurrent);
     append(shared);
@@ -250,7 +287,8 @@ void cWorkQueue::clear() {
 }
 
 void cWorkQueue::process() {
-  if (mpEvents && mpEvents->isAsynchronous())
+  readCapabilities();
+  if (mbAsyncEvents)
     mpEvents->poll();
   else
     processEvents(true);
@@ -271,7 +309,7 @@ unsigned int cWorkQueue::processEvents(bool doProcess) {
   bool yieldNeeded = updateTimer(doProcess, &wait);
   // An action may have destroyed the queue or dropped its processor.
   if (alive.gone() || !mpEvents) return 0;
-  if (mpEvents->isAsynchronous()) {
+  if (mbAsyncEvents) {
     yieldNeeded = true;
   } else if (!yieldNeeded && !mbExecuted && miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
     // Nothing ran, and nothing can become due by itself: wait until woken.
@@ -305,7 +343,7 @@ bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
   // After running works a synchronous processor is handed no wait, so that
   // the caller sees at once what they did; whether it is called at all still
   // follows the pass's own wait.
-  if (wait) *wait = executedAny && !(mpEvents && mpEvents->isAsynchronous()) ? 0 : lastWait;
+  if (wait) *wait = executedAny && !(mpEvents && mbAsyncEvents) ? 0 : lastWait;
   return miAsync != 0 || (miTimed != 0 && lastWait != 0);
 }
 
@@ -329,7 +367,7 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
   bool removed = false;
   bool first = true;
   executed = 0;
-  const bool aio = mpEvents->supportsAIO();
+  const bool aio = mbAIOEvents;
   // Actions (and receivers of a work's sigChanged) may destroy the queue or
   // the work at hand; every call out is followed by a look at these marks.
   const detail::cLifeLink queueAlive(mpPasses);
@@ -459,7 +497,7 @@ piVoid cWorkQueue::sltNotifyWorkChanged(cWork* work) {
   // A start is a reading of the clock that the next pass can use.
   if (work && mKnownNow < work->mScheduled) mKnownNow = work->mScheduled;
   if (miClearing != 0 || !mpEvents) return piVoid();
-  const bool immediate = mpEvents->isAsynchronous() && miLevel == 0;
+  const bool immediate = mbAsyncEvents && miLevel == 0;
   if (immediate) {
     processEvents(false);
   } else {
@@ -470,12 +508,12 @@ piVoid cWorkQueue::sltNotifyWorkChanged(cWork* work) {
 }
 
 piVoid cWorkQueue::sltNotifyPEFinished() {
-  if (mpEvents && mpEvents->isAsynchronous()) {
+  if (mpEvents && mbAsyncEvents) {
     const detail::cLifeLink alive(mpPasses);
     unsigned int wait = 0;
     updateTimer(true, &wait);
     if (alive.gone()) return piVoid();
-    if (mpEvents && mpEvents->isAsynchronous() && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
+    if (mpEvents && mbAsyncEvents && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
   }
   return piVoid();
 }

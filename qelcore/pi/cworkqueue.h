@@ -67,7 +67,9 @@ public:
   cWorkQueue();
   ~cWorkQueue() override;
 
-  /// Replaces the event processor; a null one clears the queue first.
+  /// Replaces the event processor; a null one clears the queue first. The
+  /// queue asks the processor's isAsynchronous() and supportsAIO() here and
+  /// at the start of each process(), not at every use.
   void setEvents(qstd::tAutoPtr<cAbstractProcessEvents> events);
   /// The event processor, null without one.
   cAbstractProcessEvents* events() const { return mpEvents.get(); }
@@ -113,12 +115,15 @@ private:
   friend class cLocalEventLoop;
   class cInbox;
   class cJobIndex;
+  class cChangeSlot;
 
   unsigned int processEvents(bool doProcess);
   bool updateTimer(bool doProcess, unsigned int* wait);
   unsigned int internProcess(bool doProcess, unsigned int& executed);
   void checkEvents() const;
+  void readCapabilities();
   void appendJob(const qstd::tSharedObject<cWork>& work);
+  void listenTo(cWork& work);
   void append(const qstd::tSharedObject<cWork>& work);
   void dropEntry(tJobs::iterator entry);
   void drainInbox();
@@ -146,6 +151,10 @@ private:
   qstd::cTime mKnownNow;
   /// Whether the last updateTimer() ran a work.
   bool mbExecuted;
+  /// What the processor answered to isAsynchronous() and supportsAIO() when
+  /// it was set and at the start of the latest process().
+  bool mbAsyncEvents;
+  bool mbAIOEvents;
 };
 
 }  // namespace qpi

@@ -15,6 +15,7 @@ qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::pi
                                                 cWork::Type type, const char* name) {
   qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>> call(slot);
   qstd::tSharedObject<cWork> work = system().workQueue().createJob();
+  cWork* const w = work.get();
   if (!name) {
     QEL_DEBUG("Work scheduled without name!");
     cAbstractOut& out = cAbstractOut::current();
@@ -24,10 +25,10 @@ qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::pi
       out.writeBacktrace(cAbstractOut::LevelDebug, "Scheduled from:", frames, n, __FILE__, __LINE__);
     }
   } else {
-    work->setName(name);
+    w->setName(name);
   }
-  work->sigTrigger.connect(call);
-  work->start(interval, type);
+  w->sigTrigger.connect(call);
+  w->start(interval, type);
   return work;
 }
 

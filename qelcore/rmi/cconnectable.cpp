@@ -44,13 +44,6 @@ private:
   qstd::detail::tPointerMap<cAbstractSignal, cEntries> mMap;
 };
 
-namespace {
-
-// Receivers with fewer entries search their list; it is faster than hashing.
-const std::size_t kIndexFrom = 16;
-
-}  // namespace
-
 void cConnectable::tearDown() {
   detachAllSignals();
   deletePublicRecords();
@@ -80,7 +73,7 @@ void cConnectable::compactAttached() const {
   miDetached = 0;
 }
 
-void cConnectable::notifySignalAttached(cAbstractSignal& signal) {
+void cConnectable::attach(cAbstractSignal& signal) {
   mAttachedSignals.push_back(&signal);
   if (mpIndex) {
     mpIndex->add(&signal, static_cast<unsigned int>(mAttachedSignals.size() - 1));
@@ -90,7 +83,7 @@ void cConnectable::notifySignalAttached(cAbstractSignal& signal) {
   }
 }
 
-void cConnectable::notifySignalDetached(cAbstractSignal& signal) {
+void cConnectable::detach(cAbstractSignal& signal) {
   if (mbDetaching) return;
   if (!mpIndex) {
     // A short list: close up over the entries of `signal` in one sweep,

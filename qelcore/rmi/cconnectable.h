@@ -54,9 +54,25 @@ public:
   }
 
   /// Called by a slot call created for `signal`; duplicates are kept.
-  void notifySignalAttached(cAbstractSignal& signal);
+  void notifySignalAttached(cAbstractSignal& signal) {
+    // A short list with room: most receivers, inline.
+    if (!mpIndex && mAttachedSignals.size() < mAttachedSignals.capacity() &&
+        mAttachedSignals.size() + 1 < kIndexFrom)
+      mAttachedSignals.push_back(&signal);
+    else
+      attach(signal);
+  }
   /// Removes every entry of `signal` at once (ignored while detaching).
-  void notifySignalDetached(cAbstractSignal& signal);
+  void notifySignalDetached(cAbstractSignal& signal) {
+    // The signal of the last entry, and of no other one, in a list of one or
+    // two: most detachments, inline.
+    const std::size_t n = mAttachedSignals.size();
+    if (!mpIndex && !mbDetaching && (n == 1 || n == 2) && mAttachedSignals[n - 1] == &signal &&
+        (n == 1 || mAttachedSignals[0] != &signal))
+      mAttachedSignals.pop_back();
+    else
+      detach(signal);
+  }
   /// Asks every attached signal to drop this object's slot calls, then
   /// forgets them: an entry kept would point at a signal that may die first.
   void detachAllSignals();
@@ -115,6 +131,11 @@ private:
   template <class R, class... A>
   friend class localSignalN;
 
+  /// Receivers with fewer entries search their list; it is faster than hashing.
+  static constexpr std::size_t kIndexFrom = 16;
+
+  void attach(cAbstractSignal& signal);
+  void detach(cAbstractSignal& signal);
   void reAssign(cAbstractSignal& oldSignal, cAbstractSignal& newSignal);
   void codRSlots();
   void codRSignals();

@@ -67,7 +67,12 @@ public:
         e = outer;
       }
     }
-    if (!mvSlots.empty()) {
+    if (mvSlots.size() == 1) {
+      // The common case: one connection, kept inside the vector.
+      tSlotCall* call = mvSlots[0];
+      mvSlots.clear();
+      delete call;
+    } else if (!mvSlots.empty()) {
       tSlotCalls calls;
       calls.swap(mvSlots);
       for (tSlotCall* call : calls) delete call;

@@ -32,9 +32,10 @@ void cPoolMemory::release(void* block) { std::free(block); }
 namespace {
 
 // Sizes in steps of 16 bytes (which keeps operator new's alignment), up to
-// 512 bytes; a thread keeps at most kMaxCached blocks of each.
+// 640 bytes (a work and its shared record fit); a thread keeps at most
+// kMaxCached blocks of each.
 constexpr std::size_t kStep = 16;
-constexpr std::size_t kClasses = 32;
+constexpr std::size_t kClasses = 40;
 constexpr unsigned int kMaxCached = 256;
 
 struct cFreeBlock {

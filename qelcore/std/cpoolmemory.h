@@ -38,7 +38,7 @@ public:
   static void release(void* block);
 
   /// A block of at least `bytes` bytes, aligned as operator new aligns;
-  /// std::bad_alloc when there is no memory. Blocks of up to 512 bytes come
+  /// std::bad_alloc when there is no memory. Blocks of up to 640 bytes come
   /// from the calling thread's cache.
   static void* allocateSmall(std::size_t bytes);
   /// Gives back a block of allocateSmall(); `bytes` is the size it was asked

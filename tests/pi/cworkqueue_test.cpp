@@ -1,6 +1,7 @@
 #include "qelcore/pi/cworkqueue.h"
 
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -265,6 +266,45 @@ TEST(WorkQueueMembers, AWorkHeldByTwoQueuesIsKeptOnceInEach) {
   both.start(0, cWork::SingleTask);
   first.process();
   EXPECT_EQ(job.calls, 2);
+}
+
+// A queue listens to each of its works' changes through one connection of
+// sigChanged, whichever queue came first and whichever side dies first.
+TEST(WorkQueueMembers, EveryQueueHearsItsWorksChangesWhileBothLive) {
+  auto* firstEvents = new cRecordingEvents;
+  auto* secondEvents = new cRecordingEvents;
+  auto first = std::make_unique<cTestQueue>(firstEvents);
+  cTestQueue second(secondEvents);
+  tSharedObject<cWork> w = first->createJob();
+  second.addJob(w);
+  first->removeJob(*w);
+  first->addJob(w);  // a second connection to the first queue
+  EXPECT_EQ(w->sigChanged.slotCount(), 3u);
+  ASSERT_EQ(second.attachedSignals().size(), 2u);
+  EXPECT_EQ(second.attachedSignals()[1], &w->sigChanged);
+
+  const int firstBefore = firstEvents->wakeUps, secondBefore = secondEvents->wakeUps;
+  w->start(0, cWork::Periodic);
+  EXPECT_EQ(firstEvents->wakeUps - firstBefore, 2);
+  EXPECT_EQ(secondEvents->wakeUps - secondBefore, 1);
+
+  first.reset();
+  EXPECT_EQ(w->sigChanged.slotCount(), 1u);
+  // The room the first queue used serves the next one.
+  cTestQueue third;
+  third.addJob(w);
+  EXPECT_EQ(w->sigChanged.slotCount(), 2u);
+  {
+    cWork shortLived;  // by reference: its destruction is watched too
+    third.addJob(shortLived);
+    second.addJob(shortLived);
+    EXPECT_EQ(third.attachedSignals().size(), 4u);
+  }
+  EXPECT_EQ(third.attachedSignals().size(), 2u);
+  EXPECT_EQ(second.attachedSignals().size(), 2u);
+  second.process();
+  third.process();
+  EXPECT_EQ(w->statistic().numTriggered(), 2u);
 }
 
 TEST(WorkQueueReentrance, ActionsRemoveAndAddWorksDuringThePass) {
