@@ -31,6 +31,7 @@ cWork::cWork()
       mpName(nullptr),
       mStat(gDebugAllWorks),
       miAmuck(0),
+      mpParent(nullptr),
       mbDelegate(true),
       mpRuns(nullptr),
       mpEntryQueue(nullptr),
@@ -50,6 +51,7 @@ cWork::~cWork() {
       // A receiver's failure cannot stop the destruction.
     }
   }
+  delete mpParent;
   delete mpActionError;
   delete mpAIOData;
   delete mpName;
@@ -150,7 +152,14 @@ void cWork::restart(unsigned int interval, Type type, const qstd::cTime& now) {
   sigChanged(this);
 }
 
-void cWork::reparent(cWork* parent) { mParent.set(parent == this ? nullptr : parent); }
+void cWork::reparent(cWork* parent) {
+  if (parent == this) parent = nullptr;
+  if (!mpParent) {
+    if (!parent) return;
+    mpParent = new qstd::tParentWatch<cWork>;
+  }
+  mpParent->set(parent);
+}
 
 void cWork::action() {
   mStat.notifyTrigger();

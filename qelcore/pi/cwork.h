@@ -113,7 +113,7 @@ public:
   static void enableDebug(bool on = true);
   /// The work that was current in its queue when this one was added; null
   /// when there was none or it has died since.
-  cWork* parent() const { return mParent.get(); }
+  cWork* parent() const { return mpParent ? mpParent->get() : nullptr; }
   /// Three failed actions in a row without a restart in between.
   bool isAmuck() const { return miAmuck > 2; }
   /// Kept in the queue while stopped: added by reference, periodic or I/O.
@@ -169,7 +169,9 @@ private:
   mutable qstd::cAsciiString* mpName;
   cWorkStat mStat;
   unsigned int miAmuck;
-  qstd::tParentWatch<cWork> mParent;
+  /// Made when the work first gets a parent: most works never have one,
+  /// and a watch is a receiver of its own.
+  qstd::tParentWatch<cWork>* mpParent;
   bool mbDelegate;
   /// Actions and passes running on this work now; cut by the destructor.
   detail::cLifeLink* mpRuns;

@@ -228,7 +228,7 @@ void cWorkQueue::append(const tSharedObject<cWork>& work) {
   mpIndex->insert(work.get(), mJobs.append(work));
 }
 
-void cWorkQueue::dropEntry(tJobs::iterator entry) {
+void cWorkQueue::dropEntry(const tJobs::iterator& entry) {
   // A marked entry was dropped before: its work may have a new entry by now.
   if (entry.isMarked()) return;
   if (cWork* w = entry->get()) mpIndex->erase(w);
@@ -348,7 +348,7 @@ bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
 }
 
 unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
-  checkEvents();
+  // updateTimer(), the only caller, runs a pass only while a processor is set.
   miTimed = 0;
   miAsync = 0;
   // The clock is read once per pass, and only when needed: a work whose
@@ -370,7 +370,9 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
   const bool aio = mbAIOEvents;
   // Actions (and receivers of a work's sigChanged) may destroy the queue or
   // the work at hand; every call out is followed by a look at these marks.
-  const detail::cLifeLink queueAlive(mpPasses);
+  // The queue's is the mark of the pass level that updateTimer(), the only
+  // caller, has just entered: the innermost one, on the caller's stack.
+  const detail::cLifeLink& queueAlive = *mpPasses;
 
   for (tJobs::iterator it = mJobs.begin(); it != mJobs.end(); ++it) {
     cWork* w = it->get();

@@ -125,7 +125,7 @@ private:
   void appendJob(const qstd::tSharedObject<cWork>& work);
   void listenTo(cWork& work);
   void append(const qstd::tSharedObject<cWork>& work);
-  void dropEntry(tJobs::iterator entry);
+  void dropEntry(const tJobs::iterator& entry);
   void drainInbox();
 
   qsa::piVoid sltNotifyWorkChanged(cWork* work);

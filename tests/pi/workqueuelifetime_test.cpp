@@ -246,3 +246,35 @@ TEST(QueueLifetime, RecycledWorksStartFreshWhicheverDiedFirst) {
     expectFresh(*next);
   }
 }
+
+TEST(QueueLifetime, AParentOutlivesItsChildrenAndTheirCutLinks) {
+  // A child listens to its parent's destruction; a child that dies first, or
+  // that cut the link before, must leave nothing behind on the parent (ASan
+  // reports the parent's destruction reaching a dead child otherwise).
+  cTestQueue q;
+  cJob job;
+  tSharedObject<cWork> parent = makeJob(q, job, "parent");
+  tSharedObject<cWork> child, cut;
+  job.body = [&] {
+    child = makeJob(q, job, "child");
+    cut = makeJob(q, job, "cut");
+  };
+  parent->start(0, cWork::Periodic);
+  q.process();
+  job.body = nullptr;
+  ASSERT_EQ(child->parent(), parent.get());
+  cut->setInheritErrorHandler(false);
+  EXPECT_EQ(cut->parent(), nullptr);
+  cut->setInheritErrorHandler(false);
+  EXPECT_EQ(cut->parent(), nullptr);
+  q.removeJob(*child);
+  q.removeJob(*cut);
+  EXPECT_TRUE(child.unique());
+  child.reset();
+  cut.reset();
+  EXPECT_EQ(parent->parent(), nullptr);
+  parent->stop();
+  q.clear();
+  EXPECT_TRUE(parent.unique());
+  parent.reset();
+}
