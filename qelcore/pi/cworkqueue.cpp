@@ -15,6 +15,14 @@
 #include "qelcore/std/ctime.h"
 #include "qelcore/std/detail/tpointermap.h"
 
+// The steps of a pass, and of adding a work, are separate functions for
+// reading's sake; compiled, the common path through them is one call deep.
+#if defined(__GNUC__) || defined(__clang__)
+#define QEL_WQ_STEP __attribute__((always_inline)) inline
+#else
+#define QEL_WQ_STEP inline
+#endif
+
 namespace qpi {
 
 using qsa::piVoid;
@@ -224,18 +232,18 @@ void cWorkQueue::addJob(tSharedObject<cWork> work) {
   appendJob(work);
 }
 
-void cWorkQueue::append(const tSharedObject<cWork>& work) {
+QEL_WQ_STEP void cWorkQueue::append(const tSharedObject<cWork>& work) {
   mpIndex->insert(work.get(), mJobs.append(work));
 }
 
-void cWorkQueue::dropEntry(const tJobs::iterator& entry) {
+QEL_WQ_STEP void cWorkQueue::dropEntry(const tJobs::iterator& entry) {
   // A marked entry was dropped before: its work may have a new entry by now.
   if (entry.isMarked()) return;
   if (cWork* w = entry->get()) mpIndex->erase(w);
   entry.eraseLater();
 }
 
-void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
+QEL_WQ_STEP void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
   cWork* w = work.get();
   if (mpCurrent || w->parent()) w->reparent(mpCurrent);
   append(work);
@@ -243,7 +251,7 @@ void cWorkQueue::appendJob(const tSharedObject<cWork>& work) {
   sltNotifyWorkChanged(w);
 }
 
-void cWorkQueue::listenTo(cWork& work) {
+QEL_WQ_STEP void cWorkQueue::listenTo(cWork& work) {
   static_assert(sizeof(cChangeSlot) <= sizeof(work.macChangeSlot) && alignof(cChangeSlot) <= alignof(void*),
                 "a work has room for one change slot");
   if (work.mbChangeSlot) {
@@ -286,14 +294,6 @@ void cWorkQueue::clear() {
   sltNotifyWorkChanged(nullptr);
 }
 
-void cWorkQueue::process() {
-  readCapabilities();
-  if (mbAsyncEvents)
-    mpEvents->poll();
-  else
-    processEvents(true);
-}
-
 void cWorkQueue::checkEvents() const {
   if (mpEvents) return;
   QEL_ERROR("*** WORKQUEUE HAS BEEN FOUND A BUG ***");
@@ -302,52 +302,7 @@ void cWorkQueue::checkEvents() const {
   cPIExceptions::throwNoProcessEvents(__FILE__, __LINE__);
 }
 
-unsigned int cWorkQueue::processEvents(bool doProcess) {
-  checkEvents();
-  const detail::cLifeLink alive(mpPasses);
-  unsigned int wait = 0;
-  bool yieldNeeded = updateTimer(doProcess, &wait);
-  // An action may have destroyed the queue or dropped its processor.
-  if (alive.gone() || !mpEvents) return 0;
-  if (mbAsyncEvents) {
-    yieldNeeded = true;
-  } else if (!yieldNeeded && !mbExecuted && miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
-    // Nothing ran, and nothing can become due by itself: wait until woken.
-    // A pass that ran works returns first, so that its caller sees what
-    // they did.
-    yieldNeeded = true;
-    wait = ~0u;
-  }
-  if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
-  return miTimed + miAsync;
-}
-
-bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
-  mbRescan = true;
-  const cPassLevel level(miLevel, mpPasses);
-  if (mpInbox->pending()) drainInbox();
-  unsigned int lastWait = 0;
-  bool executedAny = false;
-  bool firstRound = true;
-  // An action may have dropped the processor: then there is nothing to
-  // rescan for.
-  while (mbRescan && mpEvents) {
-    mbRescan = false;
-    unsigned int executed = 0;
-    lastWait = internProcess(doProcess && firstRound, executed);
-    if (level.gone()) return false;
-    firstRound = false;
-    if (executed) executedAny = true;
-  }
-  mbExecuted = executedAny;
-  // After running works a synchronous processor is handed no wait, so that
-  // the caller sees at once what they did; whether it is called at all still
-  // follows the pass's own wait.
-  if (wait) *wait = executedAny && !(mpEvents && mbAsyncEvents) ? 0 : lastWait;
-  return miAsync != 0 || (miTimed != 0 && lastWait != 0);
-}
-
-unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
+QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
   // updateTimer(), the only caller, runs a pass only while a processor is set.
   miTimed = 0;
   miAsync = 0;
@@ -475,6 +430,59 @@ unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int& executed) {
   return minWait;
 }
 
+bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
+  mbRescan = true;
+  const cPassLevel level(miLevel, mpPasses);
+  if (mpInbox->pending()) drainInbox();
+  unsigned int lastWait = 0;
+  bool executedAny = false;
+  bool firstRound = true;
+  // An action may have dropped the processor: then there is nothing to
+  // rescan for.
+  while (mbRescan && mpEvents) {
+    mbRescan = false;
+    unsigned int executed = 0;
+    lastWait = internProcess(doProcess && firstRound, executed);
+    if (level.gone()) return false;
+    firstRound = false;
+    if (executed) executedAny = true;
+  }
+  mbExecuted = executedAny;
+  // After running works a synchronous processor is handed no wait, so that
+  // the caller sees at once what they did; whether it is called at all still
+  // follows the pass's own wait.
+  if (wait) *wait = executedAny && !(mpEvents && mbAsyncEvents) ? 0 : lastWait;
+  return miAsync != 0 || (miTimed != 0 && lastWait != 0);
+}
+
+QEL_WQ_STEP unsigned int cWorkQueue::processEvents(bool doProcess) {
+  if (!mpEvents) checkEvents();
+  const detail::cLifeLink alive(mpPasses);
+  unsigned int wait = 0;
+  bool yieldNeeded = updateTimer(doProcess, &wait);
+  // An action may have destroyed the queue or dropped its processor.
+  if (alive.gone() || !mpEvents) return 0;
+  if (mbAsyncEvents) {
+    yieldNeeded = true;
+  } else if (!yieldNeeded && !mbExecuted && miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
+    // Nothing ran, and nothing can become due by itself: wait until woken.
+    // A pass that ran works returns first, so that its caller sees what
+    // they did.
+    yieldNeeded = true;
+    wait = ~0u;
+  }
+  if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
+  return miTimed + miAsync;
+}
+
+void cWorkQueue::process() {
+  readCapabilities();
+  if (mbAsyncEvents)
+    mpEvents->poll();
+  else
+    processEvents(true);
+}
+
 void cWorkQueue::post(qstd::tAutoPtr<cWork> work) {
   if (!work) return;
   mpInbox->put(work.release());
@@ -501,12 +509,21 @@ piVoid cWorkQueue::sltNotifyWorkChanged(cWork* work) {
   if (miClearing != 0 || !mpEvents) return piVoid();
   const bool immediate = mbAsyncEvents && miLevel == 0;
   if (immediate) {
-    processEvents(false);
+    updateNow();
   } else {
     mbRescan = true;
     if (miLocalLoops >= miLevel) mpEvents->wakeUp();
   }
   return piVoid();
+}
+
+// Kept out of line: the pass inlined here would make every notification pay
+// for its frame.
+#if defined(__GNUC__) || defined(__clang__)
+__attribute__((noinline))
+#endif
+void cWorkQueue::updateNow() {
+  processEvents(false);
 }
 
 piVoid cWorkQueue::sltNotifyPEFinished() {

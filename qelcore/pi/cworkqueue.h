@@ -118,6 +118,7 @@ private:
   class cChangeSlot;
 
   unsigned int processEvents(bool doProcess);
+  void updateNow();
   bool updateTimer(bool doProcess, unsigned int* wait);
   unsigned int internProcess(bool doProcess, unsigned int& executed);
   void checkEvents() const;
