@@ -380,20 +380,30 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
           w->stop();
           cPIExceptions::throwAmuckWork(w->name(), __FILE__, __LINE__);
         }
-        // The outer current work may die in this action too (from a nested
-        // loop); then there is none to go back to.
         cWork* const previous = mpCurrent;
-        detail::cLifeLink* noRuns = nullptr;
-        const detail::cLifeLink previousAlive(previous ? previous->mpRuns : noRuns);
         mpCurrent = w;
-        try {
-          w->action();
-        } catch (...) {
-          if (!queueAlive.gone()) mpCurrent = previousAlive.gone() ? nullptr : previous;
-          throw;
+        if (!previous) {
+          try {
+            w->action();
+          } catch (...) {
+            if (!queueAlive.gone()) mpCurrent = nullptr;
+            throw;
+          }
+          if (queueAlive.gone()) return 0;
+          mpCurrent = nullptr;
+        } else {
+          // The outer current work may die in this action too (from a nested
+          // loop); then there is none to go back to.
+          const detail::cLifeLink previousAlive(previous->mpRuns);
+          try {
+            w->action();
+          } catch (...) {
+            if (!queueAlive.gone()) mpCurrent = previousAlive.gone() ? nullptr : previous;
+            throw;
+          }
+          if (queueAlive.gone()) return 0;
+          mpCurrent = previousAlive.gone() ? nullptr : previous;
         }
-        if (queueAlive.gone()) return 0;
-        mpCurrent = previousAlive.gone() ? nullptr : previous;
         ++executed;
       }
       if (workAlive.gone()) {
