@@ -25,6 +25,10 @@
 
 namespace qstd {
 
+#if defined(QEL_POOL_INLINE_CACHE)
+__thread detail::cPoolCache detail::tPoolCache;
+#endif
+
 void* cPoolMemory::resize(void* block, std::size_t bytes) { return std::realloc(block, bytes); }
 
 void cPoolMemory::release(void* block) { std::free(block); }
@@ -38,28 +42,26 @@ constexpr std::size_t kStep = 16;
 constexpr std::size_t kClasses = 40;
 constexpr unsigned int kMaxCached = 256;
 
-struct cFreeBlock {
-  cFreeBlock* mpNext;
-};
+typedef detail::cPoolCache cCache;
+typedef detail::cPoolCache::cFreeBlock cFreeBlock;
+static_assert(cCache::kStep == kStep && cCache::kClasses == kClasses, "one cache layout");
 
-// Zero-initialised and trivially destructible, so that reaching it costs no
-// initialisation check; cFlush empties it when the thread ends. miRoom is
-// how many more blocks of a size the cache takes: 0 until the first release
-// sets the cache up, and again once the thread ends.
-struct cCache {
-  cFreeBlock* mpHead[kClasses];
-  unsigned int miRoom[kClasses];
-  bool mbOpen;
-  bool mbClosed;
-};
-
-// The initial-exec model reaches the cache without a call where the
-// platform has it; the cache is small enough for the static TLS space even
-// when the library is loaded late.
+#if !defined(QEL_POOL_INLINE_CACHE)
+// Reached only from this file.
 #if defined(__ELF__) && (defined(__GNUC__) || defined(__clang__))
 __attribute__((tls_model("initial-exec")))
 #endif
-thread_local cCache tCache;
+thread_local cCache tPoolCache;
+#endif
+
+// The cache of the calling thread; cFlush empties it when the thread ends.
+inline cCache& threadCache() {
+#if defined(QEL_POOL_INLINE_CACHE)
+  return detail::tPoolCache;
+#else
+  return tPoolCache;
+#endif
+}
 
 std::size_t classOf(std::size_t bytes) { return bytes == 0 ? 0 : (bytes - 1) / kStep; }
 std::size_t blockSize(std::size_t cls) { return (cls + 1) * kStep; }
@@ -74,7 +76,7 @@ void push(cCache& cache, void* block, std::size_t cls) {
 
 struct cFlush {
   ~cFlush() {
-    cCache& cache = tCache;
+    cCache& cache = threadCache();
     cache.mbClosed = true;
     for (std::size_t cls = 0; cls < kClasses; ++cls) {
       cFreeBlock* block = cache.mpHead[cls];
@@ -118,7 +120,7 @@ void releaseSlow(cCache& cache, void* block, std::size_t cls) noexcept {
 void* cPoolMemory::allocateSmall(std::size_t bytes) {
   const std::size_t cls = classOf(bytes);
   if (cls >= kClasses) return ::operator new(bytes);
-  cCache& cache = tCache;
+  cCache& cache = threadCache();
   if (cFreeBlock* block = cache.mpHead[cls]) {
     QEL_POOL_UNPOISON(block, blockSize(cls));
     cache.mpHead[cls] = block->mpNext;
@@ -131,7 +133,7 @@ void* cPoolMemory::allocateSmall(std::size_t bytes) {
 void cPoolMemory::releaseSmall(void* block, std::size_t bytes) noexcept {
   if (!block) return;
   const std::size_t cls = classOf(bytes);
-  cCache& cache = tCache;
+  cCache& cache = threadCache();
   if (cls < kClasses && cache.miRoom[cls] != 0)
     push(cache, block, cls);
   else

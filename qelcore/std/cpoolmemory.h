@@ -46,6 +46,78 @@ public:
   static void releaseSmall(void* block, std::size_t bytes) noexcept;
 };
 
+namespace detail {
+
+// The calling thread's cache of small blocks: free lists in steps of 16
+// bytes (which keeps operator new's alignment) up to 640 bytes, and how many
+// more blocks of each size it takes (0 until the thread's first release sets
+// it up, and again once the thread ends). Zero-initialised and trivially
+// destructible, so that reaching it costs no initialisation check.
+struct cPoolCache {
+  static constexpr std::size_t kStep = 16;
+  static constexpr std::size_t kClasses = 40;
+  struct cFreeBlock {
+    cFreeBlock* mpNext;
+  };
+  cFreeBlock* mpHead[kClasses];
+  unsigned int miRoom[kClasses];
+  bool mbOpen;
+  bool mbClosed;
+};
+
+// The library's own hot paths (shared-object records, list nodes, slot calls)
+// take and give back cached blocks inline; only a miss calls cPoolMemory.
+// Where the cache cannot be reached from outside its file (other platforms,
+// builds of users, memory checkers that watch the cache) they simply call.
+#if defined(QELCORE_BUILDING_LIBRARY) && defined(__ELF__) && (defined(__GNUC__) || defined(__clang__)) && \
+    !defined(__SANITIZE_ADDRESS__)
+#define QEL_POOL_INLINE_CACHE 1
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#undef QEL_POOL_INLINE_CACHE
+#endif
+#endif
+#endif
+
+#if defined(QEL_POOL_INLINE_CACHE)
+// The initial-exec model reaches the cache without a call; the cache is
+// small enough for the static TLS space even when the library is loaded late.
+extern __thread cPoolCache tPoolCache __attribute__((tls_model("initial-exec"), visibility("hidden")));
+
+inline void* allocateSmall(std::size_t bytes) {
+  // 0 bytes wraps round to a large class and takes the call.
+  const std::size_t cls = (bytes - 1) / cPoolCache::kStep;
+  if (cls < cPoolCache::kClasses) {
+    cPoolCache& cache = tPoolCache;
+    if (cPoolCache::cFreeBlock* block = cache.mpHead[cls]) {
+      cache.mpHead[cls] = block->mpNext;
+      ++cache.miRoom[cls];
+      return block;
+    }
+  }
+  return cPoolMemory::allocateSmall(bytes);
+}
+inline void releaseSmall(void* block, std::size_t bytes) noexcept {
+  const std::size_t cls = (bytes - 1) / cPoolCache::kStep;
+  if (block && cls < cPoolCache::kClasses) {
+    cPoolCache& cache = tPoolCache;
+    if (cache.miRoom[cls] != 0) {
+      cPoolCache::cFreeBlock* free = static_cast<cPoolCache::cFreeBlock*>(block);
+      free->mpNext = cache.mpHead[cls];
+      cache.mpHead[cls] = free;
+      --cache.miRoom[cls];
+      return;
+    }
+  }
+  cPoolMemory::releaseSmall(block, bytes);
+}
+#else
+inline void* allocateSmall(std::size_t bytes) { return cPoolMemory::allocateSmall(bytes); }
+inline void releaseSmall(void* block, std::size_t bytes) noexcept { cPoolMemory::releaseSmall(block, bytes); }
+#endif
+
+}  // namespace detail
+
 }  // namespace qstd
 
 #endif

@@ -23,9 +23,9 @@ namespace qstd {
 class cSmallObject {
 public:
   /// A block from the thread's cache.
-  static void* operator new(std::size_t bytes) { return cPoolMemory::allocateSmall(bytes); }
+  static void* operator new(std::size_t bytes) { return detail::allocateSmall(bytes); }
   /// Gives the block back to the cache.
-  static void operator delete(void* p, std::size_t bytes) noexcept { cPoolMemory::releaseSmall(p, bytes); }
+  static void operator delete(void* p, std::size_t bytes) noexcept { detail::releaseSmall(p, bytes); }
   /// Over-aligned classes: the global form.
   static void* operator new(std::size_t bytes, std::align_val_t align) { return ::operator new(bytes, align); }
   /// Over-aligned classes: the global form.

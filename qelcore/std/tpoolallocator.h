@@ -31,13 +31,13 @@ public:
   /// Room for `n` objects; a single one comes from the cache.
   T* allocate(std::size_t n) {
     if (n == 1 && alignof(T) <= alignof(std::max_align_t))
-      return static_cast<T*>(cPoolMemory::allocateSmall(sizeof(T)));
+      return static_cast<T*>(detail::allocateSmall(sizeof(T)));
     return static_cast<T*>(::operator new(n * sizeof(T)));
   }
   /// Gives back what allocate(n) returned.
   void deallocate(T* p, std::size_t n) noexcept {
     if (n == 1 && alignof(T) <= alignof(std::max_align_t))
-      cPoolMemory::releaseSmall(p, sizeof(T));
+      detail::releaseSmall(p, sizeof(T));
     else
       ::operator delete(p);
   }

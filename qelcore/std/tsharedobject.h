@@ -55,14 +55,14 @@ public:
   static tSharedObject create(Args&&... args) {
     static_assert(alignof(T) <= 16, "tSharedObject::create: over-aligned type");
     const unsigned int bytes = static_cast<unsigned int>(kObjectOffset + sizeof(T));
-    void* block = cPoolMemory::allocateSmall(bytes);
+    void* block = detail::allocateSmall(bytes);
     tSharedObjectData* data = ::new (block) tSharedObjectData(true, nullptr, &destroyObject<T>, bytes);
     T* object;
     try {
       object = ::new (static_cast<char*>(block) + kObjectOffset) T(static_cast<Args&&>(args)...);
     } catch (...) {
       data->~tSharedObjectData();
-      cPoolMemory::releaseSmall(block, bytes);
+      detail::releaseSmall(block, bytes);
       throw;
     }
     data->mpObject = const_cast<void*>(static_cast<const void*>(object));

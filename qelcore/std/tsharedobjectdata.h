@@ -59,7 +59,7 @@ public:
   static void destroy(tSharedObjectData* data) {
     if (const unsigned int block = data->miBlock) {
       data->~tSharedObjectData();
-      cPoolMemory::releaseSmall(data, block);
+      detail::releaseSmall(data, block);
     } else {
       delete data;
     }
