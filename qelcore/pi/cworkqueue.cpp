@@ -440,7 +440,7 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
   return minWait;
 }
 
-bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
+bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait, bool& yieldNeeded) {
   mbRescan = true;
   const cPassLevel level(miLevel, mpPasses);
   if (mpInbox->pending()) drainInbox();
@@ -462,16 +462,16 @@ bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait) {
   // the caller sees at once what they did; whether it is called at all still
   // follows the pass's own wait.
   if (wait) *wait = executedAny && !(mpEvents && mbAsyncEvents) ? 0 : lastWait;
-  return miAsync != 0 || (miTimed != 0 && lastWait != 0);
+  yieldNeeded = miAsync != 0 || (miTimed != 0 && lastWait != 0);
+  return true;
 }
 
 QEL_WQ_STEP unsigned int cWorkQueue::processEvents(bool doProcess) {
   if (!mpEvents) checkEvents();
-  const detail::cLifeLink alive(mpPasses);
   unsigned int wait = 0;
-  bool yieldNeeded = updateTimer(doProcess, &wait);
+  bool yieldNeeded = false;
   // An action may have destroyed the queue or dropped its processor.
-  if (alive.gone() || !mpEvents) return 0;
+  if (!updateTimer(doProcess, &wait, yieldNeeded) || !mpEvents) return 0;
   if (mbAsyncEvents) {
     yieldNeeded = true;
   } else if (!yieldNeeded && !mbExecuted && miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
@@ -538,10 +538,9 @@ void cWorkQueue::updateNow() {
 
 piVoid cWorkQueue::sltNotifyPEFinished() {
   if (mpEvents && mbAsyncEvents) {
-    const detail::cLifeLink alive(mpPasses);
     unsigned int wait = 0;
-    updateTimer(true, &wait);
-    if (alive.gone()) return piVoid();
+    bool yieldNeeded = false;
+    if (!updateTimer(true, &wait, yieldNeeded)) return piVoid();
     if (mpEvents && mbAsyncEvents && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
   }
   return piVoid();

@@ -119,7 +119,9 @@ private:
 
   unsigned int processEvents(bool doProcess);
   void updateNow();
-  bool updateTimer(bool doProcess, unsigned int* wait);
+  // Runs the due works, rescanning while asked to; false when an action
+  // destroyed the queue. `yieldNeeded`: whether the processor is to wait.
+  bool updateTimer(bool doProcess, unsigned int* wait, bool& yieldNeeded);
   unsigned int internProcess(bool doProcess, unsigned int& executed);
   void checkEvents() const;
   void readCapabilities();
