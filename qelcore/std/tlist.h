@@ -27,13 +27,14 @@
 #ifndef QELCORE_STD_TLIST_H
 #define QELCORE_STD_TLIST_H
 
+#include <cstddef>
 #include <initializer_list>
 #include <iterator>
-#include <list>
+#include <new>
 #include <type_traits>
 #include <utility>
 
-#include "qelcore/std/tpoolallocator.h"
+#include "qelcore/std/cpoolmemory.h"
 #include "qelcore/std/cstdexceptions.h"
 
 namespace qstd {
@@ -47,19 +48,23 @@ struct tListKeepElement {
 
 template <typename T, typename Disposer = tListKeepElement<T>>
 class tList {
-  struct tEntry {
+  /// The links of an entry; the list's own one closes the ring.
+  struct tLinks {
+    tLinks* mpNext;
+    tLinks* mpPrev;
+  };
+  /// Entries come from the thread's cache of small blocks.
+  struct tEntry : tLinks {
     template <typename V>
     explicit tEntry(V&& v) : mValue(std::forward<V>(v)), mbMarked(false) {}
     T mValue;
     bool mbMarked;
   };
-  /// Nodes come from the thread's cache of small blocks.
-  typedef std::list<tEntry, tPoolAllocator<tEntry>> tEntries;
+  static tEntry* entry(tLinks* links) { return static_cast<tEntry*>(links); }
 
   template <bool Const>
   class tIterator {
-    typedef
-        typename std::conditional<Const, typename tEntries::const_iterator, typename tEntries::iterator>::type tBase;
+    typedef tLinks* tBase;
 
   public:
     typedef std::forward_iterator_tag iterator_category;
@@ -80,12 +85,12 @@ class tList {
       const_cast<tList*>(mpList)->eraseLater(*this);
     }
     /// Whether the entry waits for purge() (only a ShowMarked list shows such entries).
-    bool isMarked() const { return mIt->mbMarked; }
+    bool isMarked() const { return entry(mIt)->mbMarked; }
 
-    reference operator*() const { return mIt->mValue; }
-    pointer operator->() const { return &mIt->mValue; }
+    reference operator*() const { return entry(mIt)->mValue; }
+    pointer operator->() const { return &entry(mIt)->mValue; }
     tIterator& operator++() {
-      ++mIt;
+      mIt = mIt->mpNext;
       skipMarked();
       return *this;
     }
@@ -103,12 +108,12 @@ class tList {
     tIterator(tBase it, tBase end, const tList* list) : mIt(it), mEnd(end), mpList(list) { skipMarked(); }
     void skipMarked() {
       // The mode is looked at only on a marked entry: unmarked ones cost nothing more.
-      while (mIt != mEnd && mIt->mbMarked && !mpList->mbShowMarked) {
-        ++mIt;
+      while (mIt != mEnd && entry(mIt)->mbMarked && !mpList->mbShowMarked) {
+        mIt = mIt->mpNext;
       }
     }
-    tBase mIt;
-    tBase mEnd;
+    tBase mIt = nullptr;
+    tBase mEnd = nullptr;
     const tList* mpList = nullptr;
   };
 
@@ -123,17 +128,19 @@ public:
   enum Marks { SkipMarked, ShowMarked };
 
   /// An empty list that skips marked entries.
-  tList() : miLive(0), mbShowMarked(false) {}
+  tList() : miSize(0), miLive(0), mbShowMarked(false) { mRing.mpNext = mRing.mpPrev = &mRing; }
   /// An empty list in the given mode.
-  explicit tList(Marks marks) : miLive(0), mbShowMarked(marks == ShowMarked) {}
+  explicit tList(Marks marks) : miSize(0), miLive(0), mbShowMarked(marks == ShowMarked) {
+    mRing.mpNext = mRing.mpPrev = &mRing;
+  }
   /// The values in order.
-  tList(std::initializer_list<T> values) : miLive(0), mbShowMarked(false) {
+  tList(std::initializer_list<T> values) : tList() {
     for (const T& v : values) {
       append(v);
     }
   }
   /// The same mode, and the entries a walk of `other` sees, with their marks.
-  tList(const tList& other) : miLive(0), mbShowMarked(other.mbShowMarked) {
+  tList(const tList& other) : tList(other.mbShowMarked ? ShowMarked : SkipMarked) {
     for (const_iterator it = other.begin(); it != other.end(); ++it) {
       iterator added = append(*it);
       if (it.isMarked()) {
@@ -142,13 +149,9 @@ public:
     }
   }
   /// Takes over the mode and the entries of `other`, which is left empty.
-  tList(tList&& other) noexcept
-      : mEntries(std::move(other.mEntries)),
-        miLive(other.miLive),
-        mbShowMarked(other.mbShowMarked),
-        mDisposer(other.mDisposer) {
-    other.mEntries.clear();
-    other.miLive = 0;
+  tList(tList&& other) noexcept : tList(other.mbShowMarked ? ShowMarked : SkipMarked) {
+    mDisposer = other.mDisposer;
+    takeRing(other);
   }
   /// Replaces mode and entries with a copy of `other` (see the copy constructor).
   tList& operator=(const tList& other) {
@@ -167,24 +170,24 @@ public:
   ~tList() { clear(); }
 
   /// The entries a walk sees: all of them in a ShowMarked list, else the unmarked ones.
-  unsigned int size() const { return mbShowMarked ? static_cast<unsigned int>(mEntries.size()) : miLive; }
+  unsigned int size() const { return mbShowMarked ? miSize : miLive; }
   /// The same as size().
   unsigned int length() const { return size(); }
   /// Whether a walk sees no entry.
   bool empty() const { return size() == 0; }
   /// Whether entries wait for purge().
-  bool hasMarked() const { return mEntries.size() != miLive; }
+  bool hasMarked() const { return miSize != miLive; }
   /// Whether walks and size() include marked entries.
   bool showsMarked() const { return mbShowMarked; }
 
   /// The first entry a walk sees.
-  iterator begin() { return iterator(mEntries.begin(), mEntries.end(), this); }
+  iterator begin() { return iterator(mRing.mpNext, &mRing, this); }
   /// Past the last entry.
-  iterator end() { return iterator(mEntries.end(), mEntries.end(), this); }
+  iterator end() { return iterator(&mRing, &mRing, this); }
   /// The first entry a walk sees.
-  const_iterator begin() const { return const_iterator(mEntries.begin(), mEntries.end(), this); }
+  const_iterator begin() const { return const_iterator(ring()->mpNext, ring(), this); }
   /// Past the last entry.
-  const_iterator end() const { return const_iterator(mEntries.end(), mEntries.end(), this); }
+  const_iterator end() const { return const_iterator(ring(), ring(), this); }
 
   /// The first value a walk sees; an empty list throws cBugException.
   T& first() {
@@ -205,24 +208,24 @@ public:
     if (empty()) {
       cSTDExceptions::throwElementNotFound("tList", "last");
     }
-    return lastSeen()->mValue;
+    return entry(lastSeen())->mValue;
   }
   /// The last value a walk sees; an empty list throws cBugException.
   const T& last() const {
     if (empty()) {
       cSTDExceptions::throwElementNotFound("tList", "last");
     }
-    return const_cast<tList*>(this)->lastSeen()->mValue;
+    return entry(const_cast<tList*>(this)->lastSeen())->mValue;
   }
 
   /// Adds `value` at the end; returns its position.
-  iterator append(const T& value) { return insertAt(mEntries.end(), value); }
+  iterator append(const T& value) { return insertAt(&mRing, value); }
   /// Adds `value` at the end; returns its position.
-  iterator append(T&& value) { return insertAt(mEntries.end(), std::move(value)); }
+  iterator append(T&& value) { return insertAt(&mRing, std::move(value)); }
   /// Adds `value` at the front; returns its position.
-  iterator prepend(const T& value) { return insertAt(mEntries.begin(), value); }
+  iterator prepend(const T& value) { return insertAt(mRing.mpNext, value); }
   /// Adds `value` at the front; returns its position.
-  iterator prepend(T&& value) { return insertAt(mEntries.begin(), std::move(value)); }
+  iterator prepend(T&& value) { return insertAt(mRing.mpNext, std::move(value)); }
   /// Before `position` (end() appends).
   iterator insert(iterator position, const T& value) { return insertAt(position.mIt, value); }
   /// Before `position` (end() appends).
@@ -231,31 +234,24 @@ public:
   /// Removes at once; returns the next entry. end() throws cBugException.
   iterator erase(iterator position) {
     checkPosition(position, "erase");
-    typename tEntries::iterator it = position.mIt;
-    if (!it->mbMarked) {
-      --miLive;
-    }
-    mDisposer.dispose(it->mValue);
-    return iterator(mEntries.erase(it), mEntries.end(), this);
+    tLinks* const next = position.mIt->mpNext;
+    remove(entry(position.mIt));
+    return iterator(next, &mRing, this);
   }
   /// Marks the entry for purge(); walks of a SkipMarked list skip it from now on.
   void eraseLater(iterator position) {
     checkPosition(position, "eraseLater");
-    if (!position.mIt->mbMarked) {
-      position.mIt->mbMarked = true;
+    if (!entry(position.mIt)->mbMarked) {
+      entry(position.mIt)->mbMarked = true;
       --miLive;
     }
   }
   /// Removes every marked entry. Not while a walk is under way.
   void purge() {
-    typename tEntries::iterator it = mEntries.begin();
-    while (it != mEntries.end()) {
-      if (it->mbMarked) {
-        mDisposer.dispose(it->mValue);
-        it = mEntries.erase(it);
-      } else {
-        ++it;
-      }
+    for (tLinks* it = mRing.mpNext; it != &mRing;) {
+      tLinks* const next = it->mpNext;
+      if (entry(it)->mbMarked) remove(entry(it));
+      it = next;
     }
   }
   /// The first entry equal to `value`, or end().
@@ -299,44 +295,106 @@ public:
   }
   /// Removes every entry, marked or not. Not while a walk is under way.
   void clear() {
-    tEntries old;
-    old.swap(mEntries);
+    // The list is empty before the first value is disposed of; the values
+    // are destroyed after the last.
+    miSize = 0;
     miLive = 0;
-    for (tEntry& e : old) {
-      mDisposer.dispose(e.mValue);
+    if (mRing.mpNext == &mRing) {
+      return;
+    }
+    tLinks old;
+    old.mpNext = mRing.mpNext;
+    old.mpPrev = mRing.mpPrev;
+    old.mpNext->mpPrev = &old;
+    old.mpPrev->mpNext = &old;
+    mRing.mpNext = mRing.mpPrev = &mRing;
+    for (tLinks* it = old.mpNext; it != &old; it = it->mpNext) {
+      mDisposer.dispose(entry(it)->mValue);
+    }
+    for (tLinks* it = old.mpNext; it != &old;) {
+      tLinks* const next = it->mpNext;
+      destroy(entry(it));
+      it = next;
     }
   }
 
   /// Exchanges mode and entries.
   void swap(tList& other) noexcept {
-    mEntries.swap(other.mEntries);
-    std::swap(miLive, other.miLive);
+    tList held(SkipMarked);
+    held.takeRing(other);
+    other.takeRing(*this);
+    takeRing(held);
     std::swap(mbShowMarked, other.mbShowMarked);
     std::swap(mDisposer, other.mDisposer);
   }
 
 private:
+  static_assert(alignof(tEntry) <= alignof(std::max_align_t), "tList: over-aligned value");
+
   template <typename V>
-  iterator insertAt(typename tEntries::iterator at, V&& value) {
-    typename tEntries::iterator it = mEntries.emplace(at, std::forward<V>(value));
+  iterator insertAt(tLinks* at, V&& value) {
+    void* block = detail::allocateSmall(sizeof(tEntry));
+    tEntry* e;
+    try {
+      e = ::new (block) tEntry(std::forward<V>(value));
+    } catch (...) {
+      detail::releaseSmall(block, sizeof(tEntry));
+      throw;
+    }
+    e->mpNext = at;
+    e->mpPrev = at->mpPrev;
+    at->mpPrev->mpNext = e;
+    at->mpPrev = e;
+    ++miSize;
     ++miLive;
-    return iterator(it, mEntries.end(), this);
+    return iterator(e, &mRing, this);
   }
+  // Unlinks, disposes of and frees one entry.
+  void remove(tEntry* e) {
+    e->mpPrev->mpNext = e->mpNext;
+    e->mpNext->mpPrev = e->mpPrev;
+    --miSize;
+    if (!e->mbMarked) {
+      --miLive;
+    }
+    mDisposer.dispose(e->mValue);
+    destroy(e);
+  }
+  static void destroy(tEntry* e) {
+    e->~tEntry();
+    detail::releaseSmall(e, sizeof(tEntry));
+  }
+  // Takes over the entries of `other` (this list holds none), which is left empty.
+  void takeRing(tList& other) noexcept {
+    if (other.mRing.mpNext != &other.mRing) {
+      mRing.mpNext = other.mRing.mpNext;
+      mRing.mpPrev = other.mRing.mpPrev;
+      mRing.mpNext->mpPrev = &mRing;
+      mRing.mpPrev->mpNext = &mRing;
+      other.mRing.mpNext = other.mRing.mpPrev = &other.mRing;
+    }
+    miSize = other.miSize;
+    miLive = other.miLive;
+    other.miSize = 0;
+    other.miLive = 0;
+  }
+  tLinks* ring() const { return const_cast<tLinks*>(&mRing); }
   void checkPosition(const iterator& position, const char* operation) {
-    if (position.mIt == mEntries.end()) {
+    if (position.mIt == &mRing) {
       cSTDExceptions::throwElementNotFound("tList", operation);
     }
   }
-  typename tEntries::iterator lastSeen() {
-    typename tEntries::iterator it = mEntries.end();
+  tLinks* lastSeen() {
+    tLinks* it = &mRing;
     do {
-      --it;
-    } while (it->mbMarked && !mbShowMarked);
+      it = it->mpPrev;
+    } while (entry(it)->mbMarked && !mbShowMarked);
     return it;
   }
 
-  tEntries mEntries;
-  /// Entries not marked.
+  tLinks mRing;
+  /// All entries, and those not marked.
+  unsigned int miSize;
   unsigned int miLive;
   bool mbShowMarked;
 
