@@ -26,7 +26,7 @@
 namespace qstd {
 
 #if defined(QEL_POOL_INLINE_CACHE)
-__thread detail::cPoolCache detail::tPoolCache;
+__attribute__((tls_model("initial-exec"))) __thread detail::cPoolCache detail::tPoolCache;
 #endif
 
 void* cPoolMemory::resize(void* block, std::size_t bytes) { return std::realloc(block, bytes); }
