@@ -1,6 +1,7 @@
 #include "qelcore/std/tlist.h"
 
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -105,4 +106,57 @@ TEST(tList, AShowMarkedListKeepsMarkedEntriesVisibleUntilThePurge) {
   list.erase(list.begin());
   EXPECT_EQ("3", joined(list)) << "erase() of a marked entry keeps the count right";
   EXPECT_EQ(1u, list.size());
+}
+
+namespace {
+
+// Records what the list holds when each value is disposed of.
+struct cSeeSizeOnDispose {
+  void dispose(int&) const { mpSeen->push_back(mpList->size()); }
+  const qstd::tList<int, cSeeSizeOnDispose>* mpList = nullptr;
+  std::vector<unsigned int>* mpSeen = nullptr;
+};
+
+class cWatchedList : public qstd::tList<int, cSeeSizeOnDispose> {
+public:
+  explicit cWatchedList(std::vector<unsigned int>& seen) {
+    mDisposer.mpList = this;
+    mDisposer.mpSeen = &seen;
+  }
+};
+
+}  // namespace
+
+TEST(tList, MovingSwappingAndClearingKeepEntriesAndMarks) {
+  qstd::tList<int> shown(qstd::tList<int>::ShowMarked);
+  for (int v : {1, 2, 3}) shown.append(v);
+  shown.eraseLater(shown.begin());
+  qstd::tList<int> moved(std::move(shown));
+  EXPECT_TRUE(shown.empty());
+  EXPECT_EQ("123", joined(moved));
+  EXPECT_TRUE(moved.begin().isMarked());
+  shown.append(9);  // a moved-from list is usable again
+  EXPECT_EQ("9", joined(shown));
+
+  qstd::tList<int> plain{4, 5};
+  plain.swap(moved);
+  EXPECT_TRUE(plain.showsMarked());
+  EXPECT_FALSE(moved.showsMarked());
+  EXPECT_EQ("123", joined(plain));
+  EXPECT_EQ("45", joined(moved));
+  EXPECT_EQ(4, moved.first());
+  EXPECT_EQ(5, moved.last());
+  plain.purge();
+  EXPECT_EQ("23", joined(plain));
+  moved = std::move(plain);
+  EXPECT_EQ("23", joined(moved));
+  EXPECT_TRUE(plain.empty());
+
+  // Every value is disposed of with the list already empty.
+  std::vector<unsigned int> seen;
+  cWatchedList disposing(seen);
+  for (int v : {1, 2, 3}) disposing.append(v);
+  disposing.clear();
+  EXPECT_EQ((std::vector<unsigned int>{0, 0, 0}), seen);
+  EXPECT_TRUE(disposing.empty());
 }
