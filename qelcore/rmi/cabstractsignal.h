@@ -84,8 +84,10 @@ protected:
   void checkNIC(unsigned int emissionDepth) const;
   /// Makes `call` one of this signal's connections: its receiver gets an
   /// entry for this signal, which the slot call's destruction takes away.
-  /// Every signal calls it before it stores a slot call.
-  void adopt(cAbstractSlotCall& call);
+  /// Every signal calls it before it stores a slot call. Defined with
+  /// cConnectable, whose bookkeeping it needs, so that connecting costs no
+  /// call.
+  inline void adopt(cAbstractSlotCall& call);
 
 private:
   void unpublish();
