@@ -20,7 +20,10 @@ bool gDebugAllWorks = false;
 }  // namespace
 
 cWork::cWork()
-    : mScheduled(0ull),
+    : sigTrigger(qrmi::cAbstractSignal::eMayBeUnconnected),
+      sigChanged(qrmi::cAbstractSignal::eMayBeUnconnected),
+      sigDestroyed(qrmi::cAbstractSignal::eMayBeUnconnected),
+      mScheduled(0ull),
       mPlanned(0ull),
       meType(SingleTask),
       miInterval(0),
@@ -37,9 +40,6 @@ cWork::cWork()
       mpEntryQueue(nullptr),
       mbChangeSlot(false) {
   macShortName[0] = '\0';
-  sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
-  sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
-  sigDestroyed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
 }
 
 cWork::~cWork() {

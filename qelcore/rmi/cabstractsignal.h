@@ -29,6 +29,8 @@ public:
   enum InterfaceType : unsigned int { eProvidedInterface = 0, eRequiredInterface = 1 };
 
   cAbstractSignal() : meBehavior(eMustBeConnected), mpPublicSignal(nullptr) {}
+  /// A signal whose unconnected emissions do what `behavior` says.
+  explicit cAbstractSignal(InvocationBehavior behavior) : meBehavior(behavior), mpPublicSignal(nullptr) {}
   cAbstractSignal(const cAbstractSignal&) = delete;
   cAbstractSignal& operator=(const cAbstractSignal&) = delete;
   /// A published signal takes its description out of its owner's interface.
