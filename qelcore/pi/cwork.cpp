@@ -20,7 +20,10 @@ bool gDebugAllWorks = false;
 }  // namespace
 
 cWork::cWork()
-    : mScheduled(0ull),
+    : sigTrigger(qrmi::cAbstractSignal::eMayBeUnconnected),
+      sigChanged(qrmi::cAbstractSignal::eMayBeUnconnected),
+      sigDestroyed(qrmi::cAbstractSignal::eMayBeUnconnected),
+      mScheduled(0ull),
       mPlanned(0ull),
       meType(SingleTask),
       miInterval(0),
@@ -37,9 +40,6 @@ cWork::cWork()
       mpEntryQueue(nullptr),
       mbChangeSlot(false) {
   macShortName[0] = '\0';
-  sigTrigger.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
-  sigChanged.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
-  sigDestroyed.setInvocationBehavior(qrmi::cAbstractSignal::eMayBeUnconnected);
 }
 
 cWork::~cWork() {
@@ -71,10 +71,15 @@ void cWork::setName(const char* name) {
     return;
   }
   // Copied as far as it fits; a longer name becomes a string (and the
-  // short copy is never read).
-  const char* from = name;
-  for (char *to = macShortName, *end = macShortName + kShortName; to != end; ++to, ++from)
-    if ((*to = *from) == '\0') return;
+  // short copy is never read). Four characters a round: names are short,
+  // and the room's end is checked once per round.
+  static_assert(kShortName % 4 == 0, "the copy goes in rounds of four");
+  for (unsigned int i = 0; i < kShortName; i += 4) {
+    if ((macShortName[i] = name[i]) == '\0') return;
+    if ((macShortName[i + 1] = name[i + 1]) == '\0') return;
+    if ((macShortName[i + 2] = name[i + 2]) == '\0') return;
+    if ((macShortName[i + 3] = name[i + 3]) == '\0') return;
+  }
   macShortName[0] = '\0';
   mpName = new qstd::cAsciiString(name);
 }

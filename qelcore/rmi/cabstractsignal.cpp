@@ -16,13 +16,6 @@ void cAbstractSignal::unpublish() {
   cConnectable::signalDestroyed(*record);
 }
 
-void cAbstractSignal::adopt(cAbstractSlotCall& call) {
-  QEL_ASSERT(!call.mbAttached, "rmi/cabstractsignal");
-  call.mpObject->notifySignalAttached(*this);
-  call.mpSignal = this;
-  call.mbAttached = true;
-}
-
 void cAbstractSignal::connectIndirect(cConnectable&, const qstd::cAsciiString&) {
   cRMIExceptions::throwIndirectLocalConnection();
 }

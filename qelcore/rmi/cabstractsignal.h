@@ -29,6 +29,8 @@ public:
   enum InterfaceType : unsigned int { eProvidedInterface = 0, eRequiredInterface = 1 };
 
   cAbstractSignal() : meBehavior(eMustBeConnected), mpPublicSignal(nullptr) {}
+  /// A signal whose unconnected emissions do what `behavior` says.
+  explicit cAbstractSignal(InvocationBehavior behavior) : meBehavior(behavior), mpPublicSignal(nullptr) {}
   cAbstractSignal(const cAbstractSignal&) = delete;
   cAbstractSignal& operator=(const cAbstractSignal&) = delete;
   /// A published signal takes its description out of its owner's interface.
@@ -84,8 +86,10 @@ protected:
   void checkNIC(unsigned int emissionDepth) const;
   /// Makes `call` one of this signal's connections: its receiver gets an
   /// entry for this signal, which the slot call's destruction takes away.
-  /// Every signal calls it before it stores a slot call.
-  void adopt(cAbstractSlotCall& call);
+  /// Every signal calls it before it stores a slot call. Defined with
+  /// cConnectable, whose bookkeeping it needs, so that connecting costs no
+  /// call.
+  inline void adopt(cAbstractSlotCall& call);
 
 private:
   void unpublish();

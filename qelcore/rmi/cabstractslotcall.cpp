@@ -8,16 +8,6 @@
 
 namespace qrmi {
 
-cAbstractSlotCall::cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal)
-    : mpObject(&object), mpSignal(signal), mpPublicSlot(nullptr), mbAttached(false), mpHandle(nullptr) {}
-
-cAbstractSlotCall::cAbstractSlotCall(const cAbstractSlotCall& other)
-    : mpObject(other.mpObject),
-      mpSignal(other.mpSignal),
-      mpPublicSlot(other.mpPublicSlot),
-      mbAttached(false),
-      mpHandle(nullptr) {}
-
 cAbstractSlotCall::~cAbstractSlotCall() {
   if (mpHandle) mpHandle->mpCall = nullptr;
   if (mbAttached) mpObject->notifySignalDetached(*mpSignal);

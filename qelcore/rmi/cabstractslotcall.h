@@ -31,9 +31,15 @@ public:
   /// receiver learns of the connection when a signal takes the slot call over
   /// (connect), so that it can detach on destruction; a slot call dropped
   /// before that leaves no trace in the receiver's bookkeeping.
-  cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal);
+  cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal)
+      : mpObject(&object), mpSignal(signal), mpPublicSlot(nullptr), mbAttached(false), mpHandle(nullptr) {}
   /// Copies the fields and tells nobody: the copy is not (yet) attached.
-  cAbstractSlotCall(const cAbstractSlotCall& other);
+  cAbstractSlotCall(const cAbstractSlotCall& other)
+      : mpObject(other.mpObject),
+        mpSignal(other.mpSignal),
+        mpPublicSlot(other.mpPublicSlot),
+        mbAttached(false),
+        mpHandle(nullptr) {}
   cAbstractSlotCall& operator=(const cAbstractSlotCall&) = delete;
   virtual ~cAbstractSlotCall();
 

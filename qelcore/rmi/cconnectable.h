@@ -11,6 +11,8 @@
 
 #include "qelcore/qelexport.h"
 #include "qelcore/rmi/cabstractsignal.h"
+#include "qelcore/rmi/cabstractslotcall.h"
+#include "qelcore/std/cstdexceptions.h"
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tsimplevector.h"
 #include "qelcore/std/tsmallvector.h"
@@ -164,6 +166,13 @@ private:
   bool mbDetaching;
   unsigned int miIndex;
 };
+
+inline void cAbstractSignal::adopt(cAbstractSlotCall& call) {
+  QEL_ASSERT(!call.mbAttached, "rmi/cabstractsignal");
+  call.mpObject->notifySignalAttached(*this);
+  call.mpSignal = this;
+  call.mbAttached = true;
+}
 
 }  // namespace qrmi
 

@@ -57,6 +57,9 @@ public:
   typedef qstd::tSmallVector<tSlotCall*, 1> tSlotCalls;
 
   localSignalN() : mpEmission(nullptr) {}
+  /// A signal whose unconnected emissions do what `behavior` says (see
+  /// setInvocationBehavior()).
+  explicit localSignalN(InvocationBehavior behavior) : cAbstractSignal(behavior), mpEmission(nullptr) {}
   ~localSignalN() override {
     if (mpEmission) {
       checkNIC(emissionDepth());

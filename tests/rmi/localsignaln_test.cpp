@@ -67,6 +67,10 @@ TEST(LocalSignalEmission, UnconnectedSignalThrowsOrReturnsDefault) {
   // Any nonzero behaviour counts as "may be unconnected".
   sig.setInvocationBehavior(static_cast<qrmi::cAbstractSignal::InvocationBehavior>(7));
   EXPECT_EQ(sig(), 0);
+  // The behaviour can also be given at construction.
+  localSignal1<int, int> lenient(qrmi::cAbstractSignal::eMayBeUnconnected);
+  EXPECT_EQ(lenient.invocationBehavior(), qrmi::cAbstractSignal::eMayBeUnconnected);
+  EXPECT_EQ(lenient(4), 0);
 }
 
 TEST(LocalSignalEmission, OnlyASingleSlotDeliversItsResult) {
