@@ -45,6 +45,7 @@ class cAbstractAIOData;
 class cWorkQueue;
 namespace detail {
 class cLifeLink;
+struct cTriggerRoom;
 }
 
 // A queue makes and drops one work per scheduled task: works are small
@@ -145,6 +146,7 @@ public:
 
 private:
   friend class cWorkQueue;
+  friend struct detail::cTriggerRoom;
 
   void markDone() { mbStarted = false; }
   void internRestart(bool unused);
@@ -185,6 +187,11 @@ private:
   /// mbChangeSlot is set (by the first queue that finds it free).
   alignas(void*) unsigned char macChangeSlot[12 * sizeof(void*)];
   bool mbChangeSlot;
+  /// Room for the slot call that schedule() makes for a member function and
+  /// connects to sigTrigger of the work it has just created. sigTrigger owns
+  /// it like any other slot call; deleting it only ends it, so it may be
+  /// disconnected in any way and is ended at the latest when the signal dies.
+  alignas(void*) unsigned char macTriggerSlot[12 * sizeof(void*)];
   enum : unsigned int { kShortName = 24 };
   char macShortName[kShortName];
 };

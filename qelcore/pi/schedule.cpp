@@ -11,11 +11,11 @@ qstd::tSharedObject<cWork> schedule(const qrmi::cAbstractSlotCall0<qsa::piVoid>&
   return detail::scheduleCall(slot.clone(), interval, type, name);
 }
 
-qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::piVoid>* slot, unsigned int interval,
-                                                cWork::Type type, const char* name) {
-  qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>> call(slot);
+namespace {
+
+// A new work on the main queue, named (a missing name is noted).
+qstd::tSharedObject<cWork> newScheduled(const char* name) {
   qstd::tSharedObject<cWork> work = system().workQueue().createJob();
-  cWork* const w = work.get();
   if (!name) {
     QEL_DEBUG("Work scheduled without name!");
     cAbstractOut& out = cAbstractOut::current();
@@ -25,9 +25,29 @@ qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::pi
       out.writeBacktrace(cAbstractOut::LevelDebug, "Scheduled from:", frames, n, __FILE__, __LINE__);
     }
   } else {
-    w->setName(name);
+    work->setName(name);
   }
-  w->sigTrigger.connect(call);
+  return work;
+}
+
+}  // namespace
+
+qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::piVoid>* slot, unsigned int interval,
+                                                cWork::Type type, const char* name) {
+  qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>> call(slot);
+  qstd::tSharedObject<cWork> work = newScheduled(name);
+  work->sigTrigger.connect(call);
+  work->start(interval, type);
+  return work;
+}
+
+qstd::tSharedObject<cWork> detail::scheduleInRoom(tMakeTriggerSlot make, const void* args, unsigned int interval,
+                                                  cWork::Type type, const char* name) {
+  qstd::tSharedObject<cWork> work = newScheduled(name);
+  cWork* const w = work.get();
+  // The work is new: its room is free. Once connected, sigTrigger ends the
+  // slot call whichever way it goes (also if connecting throws).
+  w->sigTrigger.connect(qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>>(make(cTriggerRoom::of(*w), args)));
   w->start(interval, type);
   return work;
 }

@@ -109,3 +109,51 @@ TEST(Schedule, WorksScheduledOrRestartedFromAnActionRunAtOnce) {
   EXPECT_EQ(self->statistic().numStarted(), 3u);
   cSystem::cleanup();
 }
+
+// The slot call schedule() makes for a member function lives inside the work;
+// it must end cleanly whichever side goes first (ASan checks the storage).
+TEST(Schedule, ACallMadeInsideTheWorkEndsInEveryOrder) {
+  static_assert(qpi::detail::tTriggerSlot<cJob>::fits(), "a plain receiver's call fits into the work");
+  cSystem::cleanup();
+  {
+    // Disconnected from its own slot while it runs, next to a second call.
+    cJob job;
+    cJob other;
+    qstd::tSharedObject<cWork> w = qpi::schedule(job, &cJob::sltRun, 0, cWork::Periodic, "self");
+    w->sigTrigger.connect(other, &cJob::sltRun);
+    job.body = [&] { w->sigTrigger.disconnect(job); };
+    qpi::system().exec();
+    qpi::system().exec();
+    EXPECT_EQ(job.calls, 1);
+    EXPECT_EQ(other.calls, 2);
+    EXPECT_TRUE(job.attachedSignals().empty());
+    // Connected again the ordinary way after the room's call ended.
+    w->sigTrigger.connect(job, &cJob::sltRun);
+    qpi::system().exec();
+    EXPECT_EQ(job.calls, 2);
+    qpi::unschedule(*w);
+  }
+  {
+    // The work dies first (while its call is attached), then the receiver.
+    cJob job;
+    qstd::tSharedObject<cWork> w = qpi::schedule(job, &cJob::sltRun, 1000, "dies first");
+    EXPECT_EQ(job.attachedSignals().size(), 1u);
+    qpi::unschedule(*w);
+    w.reset();
+    EXPECT_TRUE(job.attachedSignals().empty());
+  }
+  {
+    // The work dies from inside its own slot call.
+    cJob job;
+    qstd::tSharedObject<cWork> w = qpi::schedule(job, &cJob::sltRun, 0, cWork::Periodic, "dies inside");
+    job.body = [&] {
+      qpi::unschedule(*w);
+      w.reset();
+    };
+    qpi::system().exec();
+    EXPECT_EQ(job.calls, 1);
+    EXPECT_TRUE(job.attachedSignals().empty());
+  }
+  EXPECT_EQ(qpi::system().workQueue().jobs().size(), 0u);
+  cSystem::cleanup();
+}
