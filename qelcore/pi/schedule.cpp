@@ -13,9 +13,25 @@ qstd::tSharedObject<cWork> schedule(const qrmi::cAbstractSlotCall0<qsa::piVoid>&
 
 namespace {
 
-// A new work on the main queue, named (a missing name is noted).
-qstd::tSharedObject<cWork> newScheduled(const char* name) {
+typedef qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>> tOwnedCall;
+
+// scheduleCall()'s "make": hands over the slot call it was given.
+qrmi::cAbstractSlotCall0<qsa::piVoid>* handOver(void*, const void* call) {
+  return const_cast<tOwnedCall*>(static_cast<const tOwnedCall*>(call))->release();
+}
+
+}  // namespace
+
+qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::piVoid>* slot, unsigned int interval,
+                                                cWork::Type type, const char* name) {
+  tOwnedCall call(slot);  // freed here should the work not come about
+  return scheduleInRoom(&handOver, &call, interval, type, name);
+}
+
+qstd::tSharedObject<cWork> detail::scheduleInRoom(tMakeTriggerSlot make, const void* args, unsigned int interval,
+                                                  cWork::Type type, const char* name) {
   qstd::tSharedObject<cWork> work = system().workQueue().createJob();
+  cWork* const w = work.get();
   if (!name) {
     QEL_DEBUG("Work scheduled without name!");
     cAbstractOut& out = cAbstractOut::current();
@@ -25,29 +41,11 @@ qstd::tSharedObject<cWork> newScheduled(const char* name) {
       out.writeBacktrace(cAbstractOut::LevelDebug, "Scheduled from:", frames, n, __FILE__, __LINE__);
     }
   } else {
-    work->setName(name);
+    w->setName(name);
   }
-  return work;
-}
-
-}  // namespace
-
-qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::piVoid>* slot, unsigned int interval,
-                                                cWork::Type type, const char* name) {
-  qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>> call(slot);
-  qstd::tSharedObject<cWork> work = newScheduled(name);
-  work->sigTrigger.connect(call);
-  work->start(interval, type);
-  return work;
-}
-
-qstd::tSharedObject<cWork> detail::scheduleInRoom(tMakeTriggerSlot make, const void* args, unsigned int interval,
-                                                  cWork::Type type, const char* name) {
-  qstd::tSharedObject<cWork> work = newScheduled(name);
-  cWork* const w = work.get();
   // The work is new: its room is free. Once connected, sigTrigger ends the
   // slot call whichever way it goes (also if connecting throws).
-  w->sigTrigger.connect(qstd::tAutoPtr<qrmi::cAbstractSlotCall0<qsa::piVoid>>(make(cTriggerRoom::of(*w), args)));
+  w->sigTrigger.connect(tOwnedCall(make(cTriggerRoom::of(*w), args)));
   w->start(interval, type);
   return work;
 }
