@@ -67,12 +67,15 @@ public:
   }
   // The entry of a work that has none yet.
   void insert(cWork* work, const tJobs::iterator& entry) {
-    if (!work->mpEntryQueue) {
-      work->mpEntryQueue = &mQueue;
-      ::new (static_cast<void*>(work->macEntry)) tJobs::iterator(entry);
-    } else {
+    if (!work->mpEntryQueue)
+      insertNew(work, entry);
+    else
       mMap.insert(work) = entry;
-    }
+  }
+  // The same for a work that no queue holds.
+  void insertNew(cWork* work, const tJobs::iterator& entry) {
+    work->mpEntryQueue = &mQueue;
+    ::new (static_cast<void*>(work->macEntry)) tJobs::iterator(entry);
   }
   void erase(cWork* work) {
     if (work->mpEntryQueue == &mQueue)
@@ -221,9 +224,26 @@ void cWorkQueue::readCapabilities() {
   mbAIOEvents = mpEvents && mpEvents->supportsAIO();
 }
 
+QEL_WQ_STEP void cWorkQueue::noteChange() {
+  if (miClearing != 0 || !mpEvents) return;
+  const bool immediate = mbAsyncEvents && miLevel == 0;
+  if (immediate) {
+    updateNow();
+  } else {
+    mbRescan = true;
+    if (miLocalLoops >= miLevel) mpEvents->wakeUp();
+  }
+}
+
 tSharedObject<cWork> cWorkQueue::createJob() {
   tSharedObject<cWork> work = tSharedObject<cWork>::create();
-  appendJob(work);
+  // appendJob() for a work just made: it has no parent, no entry and no
+  // change slot yet, and was never started.
+  cWork* const w = work.rawObject();
+  if (mpCurrent) w->reparent(mpCurrent);
+  mpIndex->insertNew(w, mJobs.append(work));
+  w->sigChanged.connectWithoutHandle(::new (static_cast<void*>(w->macChangeSlot)) cChangeSlot(*this, *w));
+  noteChange();
   return work;
 }
 
@@ -258,8 +278,7 @@ QEL_WQ_STEP void cWorkQueue::listenTo(cWork& work) {
     work.sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
     return;
   }
-  cChangeSlot* slot = ::new (static_cast<void*>(work.macChangeSlot)) cChangeSlot(*this, work);
-  work.sigChanged.connect(qstd::tAutoPtr<qrmi::localSignal1<piVoid, cWork*>::tSlotCall>(slot));
+  work.sigChanged.connectWithoutHandle(::new (static_cast<void*>(work.macChangeSlot)) cChangeSlot(*this, work));
 }
 
 void cWorkQueue::addJob(cWork& work) {
@@ -516,14 +535,7 @@ void cWorkQueue::drainInbox() {
 piVoid cWorkQueue::sltNotifyWorkChanged(cWork* work) {
   // A start is a reading of the clock that the next pass can use.
   if (work && mKnownNow < work->mScheduled) mKnownNow = work->mScheduled;
-  if (miClearing != 0 || !mpEvents) return piVoid();
-  const bool immediate = mbAsyncEvents && miLevel == 0;
-  if (immediate) {
-    updateNow();
-  } else {
-    mbRescan = true;
-    if (miLocalLoops >= miLevel) mpEvents->wakeUp();
-  }
+  noteChange();
   return piVoid();
 }
 

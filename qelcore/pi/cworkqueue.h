@@ -132,6 +132,8 @@ private:
   void drainInbox();
 
   qsa::piVoid sltNotifyWorkChanged(cWork* work);
+  // sltNotifyWorkChanged() without the work's clock reading.
+  void noteChange();
   qsa::piVoid sltNotifyPEFinished();
   qsa::piVoid sltWorkDestroyed(const cWork& work);
 
