@@ -337,9 +337,10 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
     if (mKnownNow < now) mKnownNow = now;
     fresh = true;
   };
-  unsigned int minWait = 0;
+  // Above every wait: no timed work met yet.
+  const unsigned long long noWait = ~0ull;
+  unsigned long long minWait = noWait;
   bool removed = false;
-  bool first = true;
   executed = 0;
   const bool aio = mbAIOEvents;
   // Actions (and receivers of a work's sigChanged) may destroy the queue or
@@ -444,10 +445,7 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
         removed = true;
       }
     }
-    if (timed && (first || wait < minWait)) {
-      minWait = wait;
-      first = false;
-    }
+    if (timed && wait < minWait) minWait = wait;
   }
 
   // Only the outermost pass purges, and only when it removed something
@@ -455,50 +453,52 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
   // must stay valid. Entries marked by removeJob outside any pass are null,
   // so the next pass counts them as removed.
   if (miLevel == 1 && removed) mJobs.purge();
-  if (miTimed == 0 && miAsync != 0) minWait = 10000;
-  return minWait;
+  if (miTimed == 0 && miAsync != 0) return 10000;
+  return minWait == noWait ? 0 : static_cast<unsigned int>(minWait);
 }
 
-bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait, bool& yieldNeeded) {
+bool cWorkQueue::updateTimer(bool doProcess, unsigned int& lastWait) {
   mbRescan = true;
   const cPassLevel level(miLevel, mpPasses);
   if (mpInbox->pending()) drainInbox();
-  unsigned int lastWait = 0;
+  lastWait = 0;
   bool executedAny = false;
-  bool firstRound = true;
   // An action may have dropped the processor: then there is nothing to
-  // rescan for.
+  // rescan for. Only the first round runs works.
   while (mbRescan && mpEvents) {
     mbRescan = false;
     unsigned int executed = 0;
-    lastWait = internProcess(doProcess && firstRound, executed);
+    lastWait = internProcess(doProcess, executed);
     if (level.gone()) return false;
-    firstRound = false;
+    doProcess = false;
     if (executed) executedAny = true;
   }
   mbExecuted = executedAny;
-  // After running works a synchronous processor is handed no wait, so that
-  // the caller sees at once what they did; whether it is called at all still
-  // follows the pass's own wait.
-  if (wait) *wait = executedAny && !(mpEvents && mbAsyncEvents) ? 0 : lastWait;
-  yieldNeeded = miAsync != 0 || (miTimed != 0 && lastWait != 0);
   return true;
 }
 
 QEL_WQ_STEP unsigned int cWorkQueue::processEvents(bool doProcess) {
   if (!mpEvents) checkEvents();
   unsigned int wait = 0;
-  bool yieldNeeded = false;
   // An action may have destroyed the queue or dropped its processor.
-  if (!updateTimer(doProcess, &wait, yieldNeeded) || !mpEvents) return 0;
-  if (mbAsyncEvents) {
-    yieldNeeded = true;
-  } else if (!yieldNeeded && !mbExecuted && miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
-    // Nothing ran, and nothing can become due by itself: wait until woken.
-    // A pass that ran works returns first, so that its caller sees what
-    // they did.
-    yieldNeeded = true;
-    wait = ~0u;
+  if (!updateTimer(doProcess, wait) || !mpEvents) return 0;
+  bool yieldNeeded = true;
+  if (!mbAsyncEvents) {
+    // The processor waits when something is asynchronous, or timed and not
+    // yet due.
+    yieldNeeded = miAsync != 0 || (miTimed != 0 && wait != 0);
+    if (mbExecuted) {
+      // After running works a synchronous processor is handed no wait, so
+      // that the caller sees at once what they did; whether it is called at
+      // all still follows the pass's own wait.
+      wait = 0;
+    } else if (miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
+      // Nothing ran, and nothing can become due by itself: wait until woken.
+      // A pass that ran works returns first, so that its caller sees what
+      // they did.
+      yieldNeeded = true;
+      wait = ~0u;
+    }
   }
   if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
   return miTimed + miAsync;
@@ -551,8 +551,7 @@ void cWorkQueue::updateNow() {
 piVoid cWorkQueue::sltNotifyPEFinished() {
   if (mpEvents && mbAsyncEvents) {
     unsigned int wait = 0;
-    bool yieldNeeded = false;
-    if (!updateTimer(true, &wait, yieldNeeded)) return piVoid();
+    if (!updateTimer(true, wait)) return piVoid();
     if (mpEvents && mbAsyncEvents && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
   }
   return piVoid();
