@@ -457,7 +457,7 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
   return minWait == noWait ? 0 : static_cast<unsigned int>(minWait);
 }
 
-bool cWorkQueue::updateTimer(bool doProcess, unsigned int& lastWait) {
+QEL_WQ_STEP bool cWorkQueue::updateTimer(bool doProcess, unsigned int& lastWait) {
   mbRescan = true;
   const cPassLevel level(miLevel, mpPasses);
   if (mpInbox->pending()) drainInbox();
