@@ -6,6 +6,7 @@
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/pi/cpiexceptions.h"
 #include "qelcore/pi/detail/clifelink.h"
+#include "qelcore/pi/platform/cnativetimeimpl.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
@@ -16,6 +17,10 @@ namespace {
 
 // Read when a work is constructed; set from the queue's thread.
 bool gDebugAllWorks = false;
+
+// The time now, as cTime() reads it, one call closer to the clock: every
+// start reads it.
+qstd::cTime now() { return qstd::cTime(cNativeTimeImpl::now()); }
 
 }  // namespace
 
@@ -139,10 +144,10 @@ const cAbstractAIOData& cWork::aioData() const {
   return *mpAIOData;
 }
 
-void cWork::internRestart(bool) { restart(miInterval, meType, qstd::cTime()); }
+void cWork::internRestart(bool) { restart(miInterval, meType, now()); }
 
 void cWork::internRestart(unsigned int interval, bool periodic, bool) {
-  restart(interval, periodic ? Periodic : SingleTask, qstd::cTime());
+  restart(interval, periodic ? Periodic : SingleTask, now());
 }
 
 void cWork::restart(unsigned int interval, Type type, const qstd::cTime& now) {

@@ -67,12 +67,15 @@ public:
   }
   // The entry of a work that has none yet.
   void insert(cWork* work, const tJobs::iterator& entry) {
-    if (!work->mpEntryQueue) {
-      work->mpEntryQueue = &mQueue;
-      ::new (static_cast<void*>(work->macEntry)) tJobs::iterator(entry);
-    } else {
+    if (!work->mpEntryQueue)
+      insertNew(work, entry);
+    else
       mMap.insert(work) = entry;
-    }
+  }
+  // The same for a work that no queue holds.
+  void insertNew(cWork* work, const tJobs::iterator& entry) {
+    work->mpEntryQueue = &mQueue;
+    ::new (static_cast<void*>(work->macEntry)) tJobs::iterator(entry);
   }
   void erase(cWork* work) {
     if (work->mpEntryQueue == &mQueue)
@@ -221,9 +224,26 @@ void cWorkQueue::readCapabilities() {
   mbAIOEvents = mpEvents && mpEvents->supportsAIO();
 }
 
+QEL_WQ_STEP void cWorkQueue::noteChange() {
+  if (miClearing != 0 || !mpEvents) return;
+  const bool immediate = mbAsyncEvents && miLevel == 0;
+  if (immediate) {
+    updateNow();
+  } else {
+    mbRescan = true;
+    if (miLocalLoops >= miLevel) mpEvents->wakeUp();
+  }
+}
+
 tSharedObject<cWork> cWorkQueue::createJob() {
   tSharedObject<cWork> work = tSharedObject<cWork>::create();
-  appendJob(work);
+  // appendJob() for a work just made: it has no parent, no entry and no
+  // change slot yet, and was never started.
+  cWork* const w = work.rawObject();
+  if (mpCurrent) w->reparent(mpCurrent);
+  mpIndex->insertNew(w, mJobs.append(work));
+  w->sigChanged.connectWithoutHandle(::new (static_cast<void*>(w->macChangeSlot)) cChangeSlot(*this, *w));
+  noteChange();
   return work;
 }
 
@@ -258,8 +278,7 @@ QEL_WQ_STEP void cWorkQueue::listenTo(cWork& work) {
     work.sigChanged.connect(*this, &cWorkQueue::sltNotifyWorkChanged);
     return;
   }
-  cChangeSlot* slot = ::new (static_cast<void*>(work.macChangeSlot)) cChangeSlot(*this, work);
-  work.sigChanged.connect(qstd::tAutoPtr<qrmi::localSignal1<piVoid, cWork*>::tSlotCall>(slot));
+  work.sigChanged.connectWithoutHandle(::new (static_cast<void*>(work.macChangeSlot)) cChangeSlot(*this, work));
 }
 
 void cWorkQueue::addJob(cWork& work) {
@@ -318,9 +337,10 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
     if (mKnownNow < now) mKnownNow = now;
     fresh = true;
   };
-  unsigned int minWait = 0;
+  // Above every wait: no timed work met yet.
+  const unsigned long long noWait = ~0ull;
+  unsigned long long minWait = noWait;
   bool removed = false;
-  bool first = true;
   executed = 0;
   const bool aio = mbAIOEvents;
   // Actions (and receivers of a work's sigChanged) may destroy the queue or
@@ -425,10 +445,7 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
         removed = true;
       }
     }
-    if (timed && (first || wait < minWait)) {
-      minWait = wait;
-      first = false;
-    }
+    if (timed && wait < minWait) minWait = wait;
   }
 
   // Only the outermost pass purges, and only when it removed something
@@ -436,50 +453,52 @@ QEL_WQ_STEP unsigned int cWorkQueue::internProcess(bool doProcess, unsigned int&
   // must stay valid. Entries marked by removeJob outside any pass are null,
   // so the next pass counts them as removed.
   if (miLevel == 1 && removed) mJobs.purge();
-  if (miTimed == 0 && miAsync != 0) minWait = 10000;
-  return minWait;
+  if (miTimed == 0 && miAsync != 0) return 10000;
+  return minWait == noWait ? 0 : static_cast<unsigned int>(minWait);
 }
 
-bool cWorkQueue::updateTimer(bool doProcess, unsigned int* wait, bool& yieldNeeded) {
+QEL_WQ_STEP bool cWorkQueue::updateTimer(bool doProcess, unsigned int& lastWait) {
   mbRescan = true;
   const cPassLevel level(miLevel, mpPasses);
   if (mpInbox->pending()) drainInbox();
-  unsigned int lastWait = 0;
+  lastWait = 0;
   bool executedAny = false;
-  bool firstRound = true;
   // An action may have dropped the processor: then there is nothing to
-  // rescan for.
+  // rescan for. Only the first round runs works.
   while (mbRescan && mpEvents) {
     mbRescan = false;
     unsigned int executed = 0;
-    lastWait = internProcess(doProcess && firstRound, executed);
+    lastWait = internProcess(doProcess, executed);
     if (level.gone()) return false;
-    firstRound = false;
+    doProcess = false;
     if (executed) executedAny = true;
   }
   mbExecuted = executedAny;
-  // After running works a synchronous processor is handed no wait, so that
-  // the caller sees at once what they did; whether it is called at all still
-  // follows the pass's own wait.
-  if (wait) *wait = executedAny && !(mpEvents && mbAsyncEvents) ? 0 : lastWait;
-  yieldNeeded = miAsync != 0 || (miTimed != 0 && lastWait != 0);
   return true;
 }
 
 QEL_WQ_STEP unsigned int cWorkQueue::processEvents(bool doProcess) {
   if (!mpEvents) checkEvents();
   unsigned int wait = 0;
-  bool yieldNeeded = false;
   // An action may have destroyed the queue or dropped its processor.
-  if (!updateTimer(doProcess, &wait, yieldNeeded) || !mpEvents) return 0;
-  if (mbAsyncEvents) {
-    yieldNeeded = true;
-  } else if (!yieldNeeded && !mbExecuted && miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
-    // Nothing ran, and nothing can become due by itself: wait until woken.
-    // A pass that ran works returns first, so that its caller sees what
-    // they did.
-    yieldNeeded = true;
-    wait = ~0u;
+  if (!updateTimer(doProcess, wait) || !mpEvents) return 0;
+  bool yieldNeeded = true;
+  if (!mbAsyncEvents) {
+    // The processor waits when something is asynchronous, or timed and not
+    // yet due.
+    yieldNeeded = miAsync != 0 || (miTimed != 0 && wait != 0);
+    if (mbExecuted) {
+      // After running works a synchronous processor is handed no wait, so
+      // that the caller sees at once what they did; whether it is called at
+      // all still follows the pass's own wait.
+      wait = 0;
+    } else if (miTimed == 0 && miAsync == 0 && mpEvents->waitsWhenIdle()) {
+      // Nothing ran, and nothing can become due by itself: wait until woken.
+      // A pass that ran works returns first, so that its caller sees what
+      // they did.
+      yieldNeeded = true;
+      wait = ~0u;
+    }
   }
   if (yieldNeeded) mpEvents->yield(miLevel, mJobs, wait);
   return miTimed + miAsync;
@@ -516,14 +535,7 @@ void cWorkQueue::drainInbox() {
 piVoid cWorkQueue::sltNotifyWorkChanged(cWork* work) {
   // A start is a reading of the clock that the next pass can use.
   if (work && mKnownNow < work->mScheduled) mKnownNow = work->mScheduled;
-  if (miClearing != 0 || !mpEvents) return piVoid();
-  const bool immediate = mbAsyncEvents && miLevel == 0;
-  if (immediate) {
-    updateNow();
-  } else {
-    mbRescan = true;
-    if (miLocalLoops >= miLevel) mpEvents->wakeUp();
-  }
+  noteChange();
   return piVoid();
 }
 
@@ -539,8 +551,7 @@ void cWorkQueue::updateNow() {
 piVoid cWorkQueue::sltNotifyPEFinished() {
   if (mpEvents && mbAsyncEvents) {
     unsigned int wait = 0;
-    bool yieldNeeded = false;
-    if (!updateTimer(true, &wait, yieldNeeded)) return piVoid();
+    if (!updateTimer(true, wait)) return piVoid();
     if (mpEvents && mbAsyncEvents && (miTimed != 0 || miAsync != 0)) mpEvents->yield(miLevel, mJobs, wait);
   }
   return piVoid();

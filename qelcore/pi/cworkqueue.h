@@ -120,8 +120,9 @@ private:
   unsigned int processEvents(bool doProcess);
   void updateNow();
   // Runs the due works, rescanning while asked to; false when an action
-  // destroyed the queue. `yieldNeeded`: whether the processor is to wait.
-  bool updateTimer(bool doProcess, unsigned int* wait, bool& yieldNeeded);
+  // destroyed the queue. `lastWait`: the last pass's wait; mbExecuted: whether
+  // a work ran.
+  bool updateTimer(bool doProcess, unsigned int& lastWait);
   unsigned int internProcess(bool doProcess, unsigned int& executed);
   void checkEvents() const;
   void readCapabilities();
@@ -132,6 +133,8 @@ private:
   void drainInbox();
 
   qsa::piVoid sltNotifyWorkChanged(cWork* work);
+  // sltNotifyWorkChanged() without the work's clock reading.
+  void noteChange();
   qsa::piVoid sltNotifyPEFinished();
   qsa::piVoid sltWorkDestroyed(const cWork& work);
 

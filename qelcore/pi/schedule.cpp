@@ -20,6 +20,21 @@ qrmi::cAbstractSlotCall0<qsa::piVoid>* handOver(void*, const void* call) {
   return const_cast<tOwnedCall*>(static_cast<const tOwnedCall*>(call))->release();
 }
 
+// The debug lines of a work scheduled without name. Out of line: the stack
+// trace's room would widen every scheduling's frame.
+#if defined(__GNUC__) || defined(__clang__)
+__attribute__((noinline))
+#endif
+void noteUnnamed() {
+  QEL_DEBUG("Work scheduled without name!");
+  cAbstractOut& out = cAbstractOut::current();
+  if (out.enabled(cAbstractOut::LevelDebug, __FILE__)) {
+    std::uintptr_t frames[cWorkStat::MaxStartTrace];
+    const unsigned int n = cAbstractOut::captureBacktrace(frames, cWorkStat::MaxStartTrace);
+    out.writeBacktrace(cAbstractOut::LevelDebug, "Scheduled from:", frames, n, __FILE__, __LINE__);
+  }
+}
+
 }  // namespace
 
 qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::piVoid>* slot, unsigned int interval,
@@ -31,21 +46,18 @@ qstd::tSharedObject<cWork> detail::scheduleCall(qrmi::cAbstractSlotCall0<qsa::pi
 qstd::tSharedObject<cWork> detail::scheduleInRoom(tMakeTriggerSlot make, const void* args, unsigned int interval,
                                                   cWork::Type type, const char* name) {
   qstd::tSharedObject<cWork> work = system().workQueue().createJob();
-  cWork* const w = work.get();
-  if (!name) {
-    QEL_DEBUG("Work scheduled without name!");
-    cAbstractOut& out = cAbstractOut::current();
-    if (out.enabled(cAbstractOut::LevelDebug, __FILE__)) {
-      std::uintptr_t frames[cWorkStat::MaxStartTrace];
-      const unsigned int n = cAbstractOut::captureBacktrace(frames, cWorkStat::MaxStartTrace);
-      out.writeBacktrace(cAbstractOut::LevelDebug, "Scheduled from:", frames, n, __FILE__, __LINE__);
-    }
-  } else {
+  cWork* const w = work.rawObject();  // just made, alive
+  if (!name)
+    noteUnnamed();
+  else
     w->setName(name);
-  }
   // The work is new: its room is free. Once connected, sigTrigger ends the
-  // slot call whichever way it goes (also if connecting throws).
-  w->sigTrigger.connect(tOwnedCall(make(cTriggerRoom::of(*w), args)));
+  // slot call whichever way it goes (also if connecting throws). Nobody asks
+  // for the connection's handle.
+  if (qrmi::cAbstractSlotCall0<qsa::piVoid>* call = make(cTriggerRoom::of(*w), args))
+    w->sigTrigger.connectWithoutHandle(call);
+  else
+    w->sigTrigger.connect(tOwnedCall());  // no slot call: connect()'s bug exception
   w->start(interval, type);
   return work;
 }

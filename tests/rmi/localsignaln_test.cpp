@@ -345,6 +345,14 @@ TEST(LocalSignalConnections, TakingOverASlotCallMovesTheReceiversEntry) {
   first(3);
   second(4);
   EXPECT_EQ(log, (tLog{"b:3", "a:4"}));
+  // Taken over without a handle: a connection like any other.
+  auto* plain = new qrmi::cDirectLocalSlotCall1<cReceiver, piVoid, int>(a, &cReceiver::sltNote, nullptr);
+  first.connectWithoutHandle(plain);
+  EXPECT_EQ(a.attachedSignals(), (cConnectable::tSignalList{&second, &first}));
+  first(5);
+  EXPECT_EQ(log, (tLog{"b:3", "a:4", "b:5", "a:5"}));
+  EXPECT_TRUE(first.disconnect(*plain));
+  EXPECT_EQ(a.attachedSignals(), (cConnectable::tSignalList{&second}));
 }
 
 TEST(LocalSignalConnections, LocalSlotCallsRefuseIndirectUse) {
