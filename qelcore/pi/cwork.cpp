@@ -1,5 +1,6 @@
 #include "qelcore/pi/cwork.h"
 
+#include <cstdint>
 #include <new>
 
 #include "qelcore/pi/cabstractaiodata.h"
@@ -10,6 +11,12 @@
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
+
+#if defined(__GNUC__)
+#define QEL_WORK_COLD __attribute__((noinline, cold))
+#else
+#define QEL_WORK_COLD
+#endif
 
 namespace qpi {
 
@@ -48,18 +55,27 @@ cWork::cWork()
 }
 
 cWork::~cWork() {
-  detail::cLifeLink::cutAll(mpRuns);
-  if (sigDestroyed.slotCount() != 0) {
-    try {
-      sigDestroyed(*this);
-    } catch (...) {
-      // A receiver's failure cannot stop the destruction.
+  // Most works die unwatched, with no action running and nothing of their
+  // own on the heap: one test for all of that, the rest out of line.
+  const std::uintptr_t rare = reinterpret_cast<std::uintptr_t>(mpRuns) | sigDestroyed.slotCount() |
+                              reinterpret_cast<std::uintptr_t>(mpParent) |
+                              reinterpret_cast<std::uintptr_t>(mpActionError) |
+                              reinterpret_cast<std::uintptr_t>(mpAIOData) | reinterpret_cast<std::uintptr_t>(mpName);
+  if (rare == 0) return;
+  [this]() QEL_WORK_COLD {
+    detail::cLifeLink::cutAll(mpRuns);
+    if (sigDestroyed.slotCount() != 0) {
+      try {
+        sigDestroyed(*this);
+      } catch (...) {
+        // A receiver's failure cannot stop the destruction.
+      }
     }
-  }
-  delete mpParent;
-  delete mpActionError;
-  delete mpAIOData;
-  delete mpName;
+    delete mpParent;
+    delete mpActionError;
+    delete mpAIOData;
+    delete mpName;
+  }();
 }
 
 void cWork::setName(const qstd::cAsciiString& name) {

@@ -8,9 +8,8 @@
 
 namespace qrmi {
 
-cAbstractSlotCall::~cAbstractSlotCall() {
-  if (mpHandle) mpHandle->mpCall = nullptr;
-  if (mbAttached) mpObject->notifySignalDetached(*mpSignal);
+void cAbstractSlotCall::releaseHandle() {
+  mpHandle->mpCall = nullptr;
 }
 
 bool cAbstractSlotCall::matchSlotOfObject(const cConnectable* object) const { return object == mpObject; }

@@ -41,7 +41,10 @@ public:
         mbAttached(false),
         mpHandle(nullptr) {}
   cAbstractSlotCall& operator=(const cAbstractSlotCall&) = delete;
-  virtual ~cAbstractSlotCall();
+  /// Tells the handle, if any, and takes the receiver's entry away. Inline,
+  /// since every connection that ends and every scheduled call that has run
+  /// comes through here; defined with cConnectable, whose bookkeeping it needs.
+  inline virtual ~cAbstractSlotCall();
 
   /// True when `object` is the receiver (pointer comparison).
   virtual bool matchSlotOfObject(const cConnectable* object) const;
@@ -73,6 +76,9 @@ private:
   friend class cAbstractSignal;
   friend class cConnection;
 
+  /// The handle lets go of this slot call.
+  void releaseHandle();
+
   cConnectable* mpObject;
   cAbstractSignal* mpSignal;
   const cPublicSlot* mpPublicSlot;
@@ -85,5 +91,9 @@ private:
 };
 
 }  // namespace qrmi
+
+// The destructor's definition needs the receiver's class; cconnectable.h
+// includes this header first, so either order of inclusion gives both.
+#include "qelcore/rmi/cconnectable.h"
 
 #endif

@@ -67,13 +67,22 @@ public:
   /// Removes every entry of `signal` at once (ignored while detaching).
   void notifySignalDetached(cAbstractSignal& signal) {
     // The signal of the last entry, and of no other one, in a list of one or
-    // two: most detachments, inline.
+    // two: most detachments, inline. The list is tested first, the rare
+    // states after it, so that a miss costs the fewest tests.
     const std::size_t n = mAttachedSignals.size();
-    if (!mpIndex && !mbDetaching && (n == 1 || n == 2) && mAttachedSignals[n - 1] == &signal &&
-        (n == 1 || mAttachedSignals[0] != &signal))
-      mAttachedSignals.pop_back();
-    else
-      detach(signal);
+    cAbstractSignal* const* entries = mAttachedSignals.data();
+    if (n == 1) {
+      if (entries[0] == &signal && !mpIndex && !mbDetaching) {
+        mAttachedSignals.clear();
+        return;
+      }
+    } else if (n == 2) {
+      if (entries[1] == &signal && entries[0] != &signal && !mpIndex && !mbDetaching) {
+        mAttachedSignals.pop_back();
+        return;
+      }
+    }
+    detach(signal);
   }
   /// Asks every attached signal to drop this object's slot calls, then
   /// forgets them: an entry kept would point at a signal that may die first.
@@ -166,6 +175,11 @@ private:
   bool mbDetaching;
   unsigned int miIndex;
 };
+
+inline cAbstractSlotCall::~cAbstractSlotCall() {
+  if (mpHandle) releaseHandle();
+  if (mbAttached) mpObject->notifySignalDetached(*mpSignal);
+}
 
 inline void cAbstractSignal::adopt(cAbstractSlotCall& call) {
   QEL_ASSERT(!call.mbAttached, "rmi/cabstractsignal");

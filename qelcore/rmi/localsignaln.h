@@ -44,6 +44,12 @@
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tsmallvector.h"
 
+#if defined(__GNUC__)
+#define QELCORE_RMI_SIGNAL_COLD __attribute__((noinline, cold))
+#else
+#define QELCORE_RMI_SIGNAL_COLD
+#endif
+
 namespace qrmi {
 
 class cPublicSlot;
@@ -61,24 +67,16 @@ public:
   /// setInvocationBehavior()).
   explicit localSignalN(InvocationBehavior behavior) : cAbstractSignal(behavior), mpEmission(nullptr) {}
   ~localSignalN() override {
-    if (mpEmission) {
-      checkNIC(emissionDepth());
-      // Emissions further up the stack must not touch this object any more.
-      for (cEmissionLink* e = mpEmission; e;) {
-        cEmissionLink* outer = e->outer();
-        e->mWord |= cEmissionLink::Destroyed;
-        e = outer;
-      }
-    }
+    if (mpEmission) abandonEmissions();
     if (mvSlots.size() == 1) {
-      // The common case: one connection, kept inside the vector.
+      // The common case: one connection, kept inside the vector. It leaves
+      // the list first, so that a slot call whose destruction reaches back
+      // into the signal finds none.
       tSlotCall* call = mvSlots[0];
       mvSlots.clear();
       delete call;
     } else if (!mvSlots.empty()) {
-      tSlotCalls calls;
-      calls.swap(mvSlots);
-      for (tSlotCall* call : calls) delete call;
+      destroySlots();
     }
   }
 
@@ -263,6 +261,24 @@ private:
       mvSlots.erase(mvSlots.begin() + kept, mvSlots.end());
     }
     return removed;
+  }
+
+  /// For the destructor: emissions further up the stack must not touch this
+  /// object any more. Out of line, like destroySlots(), so that the common
+  /// destruction stays short.
+  QELCORE_RMI_SIGNAL_COLD void abandonEmissions() {
+    checkNIC(emissionDepth());
+    for (cEmissionLink* e = mpEmission; e;) {
+      cEmissionLink* outer = e->outer();
+      e->mWord |= cEmissionLink::Destroyed;
+      e = outer;
+    }
+  }
+  /// For the destructor: deletes several connections.
+  QELCORE_RMI_SIGNAL_COLD void destroySlots() {
+    tSlotCalls calls;
+    calls.swap(mvSlots);
+    for (tSlotCall* call : calls) delete call;
   }
 
   tSlotCalls mvSlots;

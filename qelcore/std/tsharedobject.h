@@ -97,8 +97,8 @@ public:
     }
     return *mpObject;
   }
-  /// mpData->objectRefs() == 0; } || No object, or it was invalidated.
-  bool null() const { return mpData == nullptr || mpData->objectRefs() == 0; }
+  /// No object, or it was invalidated.
+  bool null() const { return mpData == nullptr || !mpData->alive(); }
   /// Not null().
   explicit operator bool() const { return !null(); }
   /// How many handles keep the object.

@@ -5,6 +5,10 @@
 /// when it is gone or invalidated; handles count the handles that still point
 /// at this data, which is freed when they reach 0. The counts are plain
 /// integers: one thread at a time, or the caller locks.
+///
+/// While the object lives every handle is one of its references, so only the
+/// handles are counted, with a flag for the object: a handle that comes or
+/// goes changes one number.
 #ifndef QELCORE_STD_TSHAREDOBJECTDATA_H
 #define QELCORE_STD_TSHAREDOBJECTDATA_H
 
@@ -24,30 +28,30 @@ public:
   /// `block` is the size of the small block that holds this record and the
   /// object together (see tSharedObject::create), 0 for a record of its own.
   tSharedObjectData(bool owns, void* object, tDeleter deleter, unsigned int block = 0)
-      : mbOwns(owns), miObjectRefs(1), miHandles(1), miBlock(block), mpObject(object), mpfnDeleter(deleter) {}
+      : mbOwns(owns), mbAlive(true), miHandles(1), miBlock(block), mpObject(object), mpfnDeleter(deleter) {}
   tSharedObjectData(const tSharedObjectData&) = delete;
   tSharedObjectData& operator=(const tSharedObjectData&) = delete;
 
   /// Whether the object is deleted with its last reference.
   bool owns() const { return mbOwns; }
   /// The references that keep the object.
-  unsigned int objectRefs() const { return miObjectRefs; }
+  unsigned int objectRefs() const { return mbAlive ? miHandles : 0; }
+  /// Whether the object is still there (not gone, not invalidated).
+  bool alive() const { return mbAlive; }
   /// The handles that keep this record.
   unsigned int handles() const { return miHandles; }
 
   /// A new handle joins.
-  void addReference() {
-    if (miObjectRefs != 0) {
-      ++miObjectRefs;
-    }
-    ++miHandles;
-  }
+  void addReference() { ++miHandles; }
   /// A handle leaves; returns true when the data itself must be freed now.
+  /// The last one ends the object first, unless it is gone already.
   bool dropReference() {
-    --miHandles;
-    if (miObjectRefs != 0 && --miObjectRefs == 0) {
+    if (--miHandles != 0) return false;
+    if (mbAlive) {
+      mbAlive = false;
       endObject();
     }
+    // The object's destructor may have kept a handle to this data.
     return miHandles == 0;
   }
   /// A handle leaves and frees the data when it was the last one. Out of line:
@@ -66,8 +70,8 @@ public:
   }
   /// Ends the object for all handles.
   void invalidate() {
-    if (miObjectRefs != 0) {
-      miObjectRefs = 0;
+    if (mbAlive) {
+      mbAlive = false;
       endObject();
     }
   }
@@ -92,7 +96,8 @@ private:
   }
 
   bool mbOwns;
-  unsigned int miObjectRefs;
+  /// Cleared when the object ends: objectRefs() is then 0.
+  bool mbAlive;
   unsigned int miHandles;
   unsigned int miBlock;
   void* mpObject;

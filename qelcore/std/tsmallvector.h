@@ -55,7 +55,8 @@ public:
     return *this;
   }
   ~tSmallVector() {
-    if (mpData != maInline) cPoolMemory::release(mpData);
+    // Only a heap block has a capacity other than N (it always has more).
+    if (miCapacity != N) cPoolMemory::release(mpData);
   }
 
   /// The number of elements.

@@ -74,3 +74,29 @@ TEST(ConnectableEntries, AReceiverOfManySignalsDetachesFromEveryLiveOneWhenItDie
     }
   }
 }
+
+// Most receivers hold one or two entries: an ending connection takes away
+// exactly its signal's entries, whichever position they have, and all of
+// them for a signal connected twice.
+TEST(ConnectableEntries, AShortListLosesExactlyTheEntriesOfTheEndingSignal) {
+  typedef cConnectable::tSignalList tList;
+  cSink sink;
+  localSignal0<piVoid> first, second;
+  auto a = first.connect(sink, &cSink::sltRun);
+  auto b = second.connect(sink, &cSink::sltRun);
+  b.disconnect();
+  EXPECT_EQ(sink.attachedSignals(), (tList{&first}));
+  b = second.connect(sink, &cSink::sltRun);
+  a.disconnect();
+  EXPECT_EQ(sink.attachedSignals(), (tList{&second}));
+  b.disconnect();
+  EXPECT_TRUE(sink.attachedSignals().empty());
+
+  a = first.connect(sink, &cSink::sltRun);
+  first.connect(sink, &cSink::sltRun);
+  a.disconnect();
+  EXPECT_TRUE(sink.attachedSignals().empty());
+  EXPECT_EQ(first.slotCount(), 1u);
+  first();
+  EXPECT_EQ(sink.calls, 1);
+}
