@@ -4,6 +4,7 @@
 #define QELCORE_QELCORE_H
 
 #include "qelcore/qelexport.h"
+#include "qelcore/qelinline.h"
 #include "qelcore/qelversion.h"
 
 // pi: platform interface

@@ -8,15 +8,10 @@
 #include "qelcore/pi/cpiexceptions.h"
 #include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/pi/platform/cnativetimeimpl.h"
+#include "qelcore/qelinline.h"
 #include "qelcore/std/cabstractexception.h"
 #include "qelcore/std/cruntimeexception.h"
 #include "qelcore/ucs/climessage.h"
-
-#if defined(__GNUC__)
-#define QEL_WORK_COLD __attribute__((noinline, cold))
-#else
-#define QEL_WORK_COLD
-#endif
 
 namespace qpi {
 
@@ -62,7 +57,7 @@ cWork::~cWork() {
                               reinterpret_cast<std::uintptr_t>(mpActionError) |
                               reinterpret_cast<std::uintptr_t>(mpAIOData) | reinterpret_cast<std::uintptr_t>(mpName);
   if (rare == 0) return;
-  [this]() QEL_WORK_COLD {
+  [this]() QEL_COLD {
     detail::cLifeLink::cutAll(mpRuns);
     if (sigDestroyed.slotCount() != 0) {
       try {

@@ -11,17 +11,14 @@
 #include "qelcore/pi/cpiexceptions.h"
 #include "qelcore/pi/detail/clifelink.h"
 #include "qelcore/pi/platform/cnativetimeimpl.h"
+#include "qelcore/qelinline.h"
 #include "qelcore/std/casciistring.h"
 #include "qelcore/std/ctime.h"
 #include "qelcore/std/detail/tpointermap.h"
 
 // The steps of a pass, and of adding a work, are separate functions for
 // reading's sake; compiled, the common path through them is one call deep.
-#if defined(__GNUC__) || defined(__clang__)
-#define QEL_WQ_STEP __attribute__((always_inline)) inline
-#else
-#define QEL_WQ_STEP inline
-#endif
+#define QEL_WQ_STEP QEL_ALWAYS_INLINE
 
 namespace qpi {
 
@@ -541,10 +538,7 @@ piVoid cWorkQueue::sltNotifyWorkChanged(cWork* work) {
 
 // Kept out of line: the pass inlined here would make every notification pay
 // for its frame.
-#if defined(__GNUC__) || defined(__clang__)
-__attribute__((noinline))
-#endif
-void cWorkQueue::updateNow() {
+QEL_NOINLINE void cWorkQueue::updateNow() {
   processEvents(false);
 }
 

@@ -3,6 +3,7 @@
 #include "qelcore/pi/cabstractout.h"
 #include "qelcore/pi/csystem.h"
 #include "qelcore/pi/cworkqueue.h"
+#include "qelcore/qelinline.h"
 
 namespace qpi {
 
@@ -22,10 +23,7 @@ qrmi::cAbstractSlotCall0<qsa::piVoid>* handOver(void*, const void* call) {
 
 // The debug lines of a work scheduled without name. Out of line: the stack
 // trace's room would widen every scheduling's frame.
-#if defined(__GNUC__) || defined(__clang__)
-__attribute__((noinline))
-#endif
-void noteUnnamed() {
+QEL_NOINLINE void noteUnnamed() {
   QEL_DEBUG("Work scheduled without name!");
   cAbstractOut& out = cAbstractOut::current();
   if (out.enabled(cAbstractOut::LevelDebug, __FILE__)) {

@@ -33,6 +33,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "qelcore/qelinline.h"
 #include "qelcore/rmi/cabstractsignal.h"
 #include "qelcore/rmi/cabstractslotcalln.h"
 #include "qelcore/rmi/cconnectable.h"
@@ -43,12 +44,6 @@
 #include "qelcore/rmi/ttypestring.h"
 #include "qelcore/std/tautoptr.h"
 #include "qelcore/std/tsmallvector.h"
-
-#if defined(__GNUC__)
-#define QELCORE_RMI_SIGNAL_COLD __attribute__((noinline, cold))
-#else
-#define QELCORE_RMI_SIGNAL_COLD
-#endif
 
 namespace qrmi {
 
@@ -266,7 +261,7 @@ private:
   /// For the destructor: emissions further up the stack must not touch this
   /// object any more. Out of line, like destroySlots(), so that the common
   /// destruction stays short.
-  QELCORE_RMI_SIGNAL_COLD void abandonEmissions() {
+  QEL_COLD void abandonEmissions() {
     checkNIC(emissionDepth());
     for (cEmissionLink* e = mpEmission; e;) {
       cEmissionLink* outer = e->outer();
@@ -275,7 +270,7 @@ private:
     }
   }
   /// For the destructor: deletes several connections.
-  QELCORE_RMI_SIGNAL_COLD void destroySlots() {
+  QEL_COLD void destroySlots() {
     tSlotCalls calls;
     calls.swap(mvSlots);
     for (tSlotCall* call : calls) delete call;

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "qelcore/qelinline.h"
+
 #if defined(__SANITIZE_ADDRESS__)
 #define QEL_POOL_ASAN 1
 #elif defined(__has_feature)
@@ -95,10 +97,7 @@ struct cFlush {
 // The first release of a thread: arranges for the cache to be emptied when
 // the thread ends, then opens it. Kept out of line, so that the common path
 // stays a handful of instructions.
-#if defined(__GNUC__) || defined(__clang__)
-__attribute__((noinline))
-#endif
-void releaseSlow(cCache& cache, void* block, std::size_t cls) noexcept {
+QEL_NOINLINE void releaseSlow(cCache& cache, void* block, std::size_t cls) noexcept {
   if (cls >= kClasses || cache.mbOpen || cache.mbClosed) {
     ::operator delete(block);
     return;

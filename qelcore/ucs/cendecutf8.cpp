@@ -4,16 +4,15 @@
 #include <cstdint>
 #include <cstring>
 
+#include "qelcore/qelinline.h"
 #include "qelcore/std/ccpufeatures.h"
 #include "qelcore/std/cstdexceptions.h"
 
 #if defined(__GNUC__)
-#define QEL_NOINLINE __attribute__((noinline))
 // The output never overlaps the characters: saying so lets the compiler
 // keep them in registers across the byte stores.
 #define QEL_RESTRICT __restrict__
 #else
-#define QEL_NOINLINE
 #define QEL_RESTRICT
 #endif
 #include "qelcore/ucs/cstring.h"
